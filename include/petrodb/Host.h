@@ -1,0 +1,43 @@
+#pragma once
+// Hooks through which a host sees what the module shows and sends.
+#include <functional>
+#include <string>
+
+namespace petrodb {
+
+// Which of the two message calls an operation uses: an application message box
+// (no caption of its own) or a plain message box with a caption.
+enum class MessageStyle { Application, Plain };
+
+using MessageHandler =
+    std::function<void(MessageStyle style, const std::string& text, const std::string& caption)>;
+// Installs the handler for user-facing messages; an empty function restores the
+// default, which writes "<caption>: <text>" (or the text alone) as one line on stderr.
+void SetMessageHandler(MessageHandler handler);
+
+// A waiting window: begin shows a text, end closes it. Default: nothing.
+struct ProgressHandler {
+  std::function<void(const std::string& text)> begin;
+  std::function<void()> end;
+};
+void SetProgressHandler(ProgressHandler handler);
+
+// One statement sent to a database.
+struct SqlTraceEvent {
+  std::string text;    // the module's statement
+  std::string sent;    // what the engine ran, when a dialect bridge rewrote it; else empty
+  std::string call;    // "GetDataFromDB", "ExecuteSQL" or "SaveData"
+  int result = 0;      // GetDataFromDB: 0, 1 or 2; the others: 1 for true, 0 for false
+  double ms = 0;       // elapsed milliseconds
+};
+using SqlTraceHandler = std::function<void(const SqlTraceEvent&)>;
+// Installs a statement observer (empty function: none). Independently, the
+// environment variable PETRODB_SQL_TRACE=<file> appends one JSON object per line.
+void SetSqlTraceHandler(SqlTraceHandler handler);
+
+// Directory of the running program, without a trailing separator; the
+// environment variable PETRODB_PROGRAM_DIR overrides it. The template project
+// "Projects.mdb" and the server backup "orvex.bak" are looked for here.
+std::string ProgramDirectory();
+
+}  // namespace petrodb

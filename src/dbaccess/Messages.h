@@ -1,0 +1,24 @@
+#pragma once
+// What operations show the user, routed to the host's handlers.
+#include <string>
+
+#include "petrodb/Host.h"
+
+namespace petrodb {
+
+inline constexpr const char* kErrorCaption = "错误信息";
+
+void ShowMessage(MessageStyle style, const std::string& text, const std::string& caption = "");
+
+// An application message box: the text alone.
+inline void AfxMessageBox(const std::string& text) { ShowMessage(MessageStyle::Application, text); }
+// A plain message box with the caption "错误信息".
+inline void ErrorMessageBox(const std::string& text) {
+  ShowMessage(MessageStyle::Plain, text, kErrorCaption);
+}
+
+// Opens the waiting window with a text; the handle goes to EndWaitingDlg.
+int BeginWaitingDlg(const std::string& text, int unused = 0);
+void EndWaitingDlg(int handle);
+
+}  // namespace petrodb

@@ -1,0 +1,68 @@
+#pragma once
+// The tables and columns of a project database, described once in the text
+// sources under schema/ and rendered for each engine.
+//
+// Source format, one declaration a line ('#' starts a comment):
+//   table <name>                    then its columns, indented: <column> <type>
+//   view <alias> of <table>         a second name for a table
+//   alias <table>.<alias> = <column>  a second name for a column (generated column)
+//   index <table> <col>[,<col>...]
+// Types: text, double, int, date, doubles (an array of doubles), autonumber;
+// also char (text), float (double), long (int). A table declared again gains the
+// columns it does not have yet.
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace petrodb::schema {
+
+enum class Type { Text, Double, Int, Date, DoubleArray, AutoNumber };
+
+struct Column {
+  std::string name;
+  Type type;
+};
+
+struct ColumnAlias {
+  std::string alias, column;
+};
+
+struct Table {
+  std::string name;
+  std::vector<Column> columns;
+  std::vector<ColumnAlias> aliases;
+  const Column* FindColumn(std::string_view name) const;  // ignores case
+};
+
+struct View {
+  std::string name, table;
+};
+
+struct Index {
+  std::string table;
+  std::vector<std::string> columns;
+};
+
+struct Schema {
+  std::vector<Table> tables;
+  std::vector<View> views;
+  std::vector<Index> indexes;
+  const Table* FindTable(std::string_view name) const;  // ignores case
+};
+
+// Throws std::runtime_error naming the line of the first error.
+Schema Parse(std::string_view text);
+// The schema shipped with this build.
+const Schema& Builtin();
+// Drops the compatibility aliases (views and alias columns).
+Schema WithoutAliases(Schema schema);
+
+// One statement per line-separated block, each ending with ";".
+std::vector<std::string> RenderSqlite(const Schema& schema);
+std::vector<std::string> RenderPostgres(const Schema& schema);
+
+// Writes a new project file (replacing `path`): 64 KB pages, rollback journal
+// (a single file to copy), every table of the schema.
+bool CreateSqliteFile(const Schema& schema, const std::string& path, std::string& error);
+
+}  // namespace petrodb::schema

@@ -1,0 +1,1 @@
+// Anchors the formats library; the readers and writers live beside it.

@@ -1,0 +1,3 @@
+#include "dbaccess/PlainDataClass.h"
+
+PETRODB_PLAIN_DATA_CLASS(CSmallMarkerData, ISmallMarkerData)

@@ -1,0 +1,51 @@
+// The factory and the class catalogue.
+#include <cstring>
+#include <set>
+
+#include "TestSupport.h"
+#include "module/Catalogue.h"
+#include "petrodb/project/IBasicProjectData.h"
+
+namespace petrodb::test {
+namespace {
+
+using CatalogueTest = ProjectTest;
+
+TEST_F(CatalogueTest, LookupIsExactAndCaseSensitive) {
+  std::unique_ptr<IDataBase> project(factory_->CreateObject("IBasicProjectData"));
+  ASSERT_NE(project, nullptr);
+  EXPECT_EQ(factory_->CreateObject("ibasicprojectdata"), nullptr);
+  EXPECT_EQ(factory_->CreateObject("CBasicProjectData"), nullptr);
+  EXPECT_EQ(factory_->CreateObject("IBasicProjectDataX"), nullptr);
+  EXPECT_EQ(factory_->CreateObject(""), nullptr);
+  ASSERT_EQ(messages_.messages().size(), 4u);
+  for (const auto& m : messages_.messages()) {
+    EXPECT_EQ(m.text, "型录表中没有找到该对象的相应类！");
+    EXPECT_EQ(m.style, MessageStyle::Application);
+    EXPECT_EQ(m.caption, "");
+  }
+}
+
+TEST_F(CatalogueTest, ClassNamesFollowTheInterfaceNames) {
+  std::set<std::string> interfaces;
+  for (DataClassRecord* r = g_classCatalogueHead; r; r = r->next) {
+    EXPECT_TRUE(interfaces.insert(r->interfaceName).second) << "registered twice: " << r->interfaceName;
+    const std::string itf = r->interfaceName, cls = r->className;
+    static const std::map<std::string, std::string> exceptions = {
+        {"ISeisHFItem", "CSeisHFItemData"},
+        {"IVspHodoGraphData", "CVspHodoGraph"},
+        {"IWellSeisHorizon", "CWellSeisHorizonData"},
+        {"IWellBoreStructural", "CWellBoreStructuralData"}};
+    const auto e = exceptions.find(itf);
+    EXPECT_EQ(cls, e != exceptions.end() ? e->second : "C" + itf.substr(1));
+    std::unique_ptr<IDataBase> object(factory_->CreateObject(r->interfaceName));
+    EXPECT_NE(object, nullptr) << itf;
+  }
+  for (const char* name : {"IBasicProjectData", "ICSData", "IColorNumStandard", "IGeo_BasicData", "IImageData",
+                           "ILithologyMarkerData", "IMetaTypeData", "IPicData", "ISmallMarkerData", "ITextData",
+                           "ITransParas", "IWellSituationAndTreatment"})
+    EXPECT_TRUE(interfaces.count(name)) << name;
+}
+
+}  // namespace
+}  // namespace petrodb::test

@@ -1,0 +1,79 @@
+#pragma once
+// The petrodb host's commands. Each command group registers itself from its own
+// file; `main` only dispatches.
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "petrodb/IDataFactory.h"
+
+namespace petrodb::cli {
+
+// Exit codes scripts can rely on.
+enum ExitCode { kOk = 0, kFailed = 1, kUsage = 2 };
+
+struct Command {
+  const char* name;     // first word(s), e.g. "new" or "wells import"
+  const char* usage;    // arguments after the name
+  const char* summary;  // one line for --help
+  int (*run)(const std::vector<std::string>& args);
+  int minArgs = 0;
+  int maxArgs = 0;  // -1: any number
+};
+
+struct CommandRegistration {
+  explicit CommandRegistration(Command command);
+};
+const std::vector<Command>& Commands();
+
+// A step of `petrodb demo`, run in ascending order on one fresh project.
+struct DemoContext {
+  std::string directory;   // where the demo's project lives
+  std::string file;        // the project file
+  std::string connection;  // its connection string
+  std::string project;     // the project name inside it
+  IDataFactory* factory = nullptr;
+};
+struct DemoStep {
+  int order;
+  const char* title;
+  bool (*run)(DemoContext& context);
+};
+struct DemoRegistration {
+  explicit DemoRegistration(DemoStep step);
+};
+const std::vector<DemoStep>& DemoSteps();
+
+// "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=<file>"
+std::string ProjectConnection(const std::string& file);
+
+// A factory that is deleted with the scope.
+struct FactoryDeleter {
+  void operator()(IDataFactory* f) const { DeleteDataFactory(f); }
+};
+using FactoryPtr = std::unique_ptr<IDataFactory, FactoryDeleter>;
+FactoryPtr MakeFactory(const std::string& connection, const std::string& project = "");
+
+// Creates the object for an interface, connected to the factory's connection.
+template <class Interface>
+std::unique_ptr<Interface> Create(IDataFactory& factory, const char* interfaceName) {
+  IDataBase* object = factory.CreateObject(interfaceName);
+  if (object) object->SetConnection(factory.GetConnectionString());
+  return std::unique_ptr<Interface>(static_cast<Interface*>(object));
+}
+
+// Checks that a project file exists and is readable; prints why not.
+bool CheckProjectFile(const std::string& file);
+
+// Option parsing: "--name value" pairs after the positional arguments.
+struct Options {
+  std::vector<std::string> positional;
+  std::vector<std::pair<std::string, std::string>> named;
+  const std::string* Get(const std::string& name) const;
+};
+// False (with a message) for an option not in `known` or one without a value.
+bool ParseOptions(const std::vector<std::string>& args, const std::vector<std::string>& known, Options& out);
+
+void PrintError(const std::string& text);
+
+}  // namespace petrodb::cli

@@ -1,0 +1,75 @@
+// petrodb: the command-line host of the petrodb library.
+#include <cstdio>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "Command.h"
+
+namespace {
+
+void PrintHelp(std::FILE* out) {
+  std::fprintf(out,
+               "petrodb - project databases of the oil-field and geology suite\n\n"
+               "usage: petrodb <command> [arguments]\n\ncommands:\n");
+  for (const auto& c : petrodb::cli::Commands())
+    std::fprintf(out, "  petrodb %s %s\n      %s\n", c.name, c.usage, c.summary);
+  std::fprintf(out,
+               "\nA project file is an SQLite database (\".mdb\" by name). Set PETRODB_SQL_TRACE=<file> to\n"
+               "record every statement sent. Exit codes: 0 success, 1 the operation failed, 2 usage error.\n");
+}
+
+// The command whose (possibly two-word) name starts the arguments.
+const petrodb::cli::Command* Find(const std::vector<std::string>& args, std::size_t& words) {
+  const petrodb::cli::Command* best = nullptr;
+  for (const auto& c : petrodb::cli::Commands()) {
+    const std::string name = c.name;
+    const auto space = name.find(' ');
+    if (space == std::string::npos) {
+      if (!args.empty() && args[0] == name && !best) {
+        best = &c;
+        words = 1;
+      }
+    } else if (args.size() >= 2 && args[0] == name.substr(0, space) && args[1] == name.substr(space + 1)) {
+      words = 2;
+      return &c;
+    }
+  }
+  return best;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::vector<std::string> args(argv + 1, argv + argc);
+  if (args.empty() || args[0] == "--help" || args[0] == "-h" || args[0] == "help") {
+    PrintHelp(args.empty() ? stderr : stdout);
+    return args.empty() ? petrodb::cli::kUsage : petrodb::cli::kOk;
+  }
+  std::size_t words = 0;
+  const petrodb::cli::Command* command = Find(args, words);
+  if (!command) {
+    petrodb::cli::PrintError("unknown command \"" + args[0] + "\" (see petrodb --help)");
+    return petrodb::cli::kUsage;
+  }
+  std::vector<std::string> rest(args.begin() + static_cast<long>(words), args.end());
+  for (const auto& a : rest)
+    if (a == "--help" || a == "-h") {
+      std::printf("usage: petrodb %s %s\n  %s\n", command->name, command->usage, command->summary);
+      return petrodb::cli::kOk;
+    }
+  std::size_t positional = 0;
+  for (std::size_t i = 0; i < rest.size(); ++i) {
+    if (rest[i].rfind("--", 0) == 0 && rest[i].size() > 2) {
+      if (rest[i].find('=') == std::string::npos) ++i;  // its value
+      continue;
+    }
+    ++positional;
+  }
+  if (static_cast<int>(positional) < command->minArgs ||
+      (command->maxArgs >= 0 && static_cast<int>(positional) > command->maxArgs)) {
+    std::fprintf(stderr, "usage: petrodb %s %s\n", command->name, command->usage);
+    return petrodb::cli::kUsage;
+  }
+  return command->run(rest);
+}
