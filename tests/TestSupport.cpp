@@ -1,9 +1,9 @@
 #include "TestSupport.h"
 
-#include <sqlite3.h>
 #include <unistd.h>
 
 #include "dbaccess/Pool.h"
+#include "dbaccess/SqlText.h"
 
 namespace petrodb::test {
 
@@ -56,6 +56,8 @@ void ProjectTest::SetUp() {
   factory_->SetProjectName("Test");
 }
 
+bool ProjectTest::jet() const { return db::IsJetConnection(connection_); }
+
 void ProjectTest::TearDown() {
   DeleteDataFactory(factory_);
   db::ClearConnectionPool();
@@ -63,36 +65,33 @@ void ProjectTest::TearDown() {
   std::filesystem::remove_all(dir_, ec);
 }
 
-namespace {
-void WithDb(const std::string& file, const std::function<void(sqlite3*)>& fn) {
-  sqlite3* db = nullptr;
-  ASSERT_EQ(sqlite3_open(file.c_str(), &db), SQLITE_OK);
-  sqlite3_busy_timeout(db, 5000);
-  fn(db);
-  sqlite3_close(db);
-}
-}  // namespace
-
 std::vector<std::string> ProjectTest::Query(const std::string& sql) {
+  std::string error;
+  auto conn = db::AcquireConnection(connection_, error);
+  EXPECT_TRUE(conn) << error;
   std::vector<std::string> rows;
-  WithDb(file_, [&](sqlite3* db) {
-    sqlite3_stmt* stmt = nullptr;
-    ASSERT_EQ(sqlite3_prepare_v2(db, sql.c_str(), -1, &stmt, nullptr), SQLITE_OK) << sqlite3_errmsg(db);
-    while (sqlite3_step(stmt) == SQLITE_ROW) {
-      const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0));
-      rows.push_back(text ? text : "NULL");
+  if (!conn) return rows;
+  auto cursor = conn->Query(conn->Rewrite(sql), error);
+  EXPECT_TRUE(cursor) << sql << ": " << error;
+  for (bool row = cursor && cursor->OnRow(); row; row = cursor->Next()) {
+    switch (cursor->Kind(0)) {
+      case db::CellKind::Null: rows.push_back("NULL"); break;
+      case db::CellKind::Integer: rows.push_back(std::to_string(cursor->Integer(0))); break;
+      case db::CellKind::Real: rows.push_back(sql::ShortestText(cursor->Real(0))); break;
+      default: rows.emplace_back(cursor->Text(0)); break;
     }
-    sqlite3_finalize(stmt);
-  });
+  }
+  cursor.reset();
+  db::ReleaseConnection(connection_, std::move(conn));
   return rows;
 }
 
 void ProjectTest::Exec(const std::string& sql) {
-  WithDb(file_, [&](sqlite3* db) {
-    char* error = nullptr;
-    ASSERT_EQ(sqlite3_exec(db, sql.c_str(), nullptr, nullptr, &error), SQLITE_OK) << (error ? error : "");
-    sqlite3_free(error);
-  });
+  std::string error;
+  auto conn = db::AcquireConnection(connection_, error);
+  ASSERT_TRUE(conn) << error;
+  EXPECT_TRUE(conn->Execute(conn->Rewrite(sql), error)) << sql << ": " << error;
+  db::ReleaseConnection(connection_, std::move(conn));
 }
 
 }  // namespace petrodb::test

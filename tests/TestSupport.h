@@ -62,8 +62,13 @@ class ProjectTest : public ::testing::Test {
     return std::unique_ptr<Interface>(static_cast<Interface*>(object));
   }
 
-  // Runs a statement directly (outside the module) and returns the first column
-  // of each row as text ("NULL" for null).
+  // True when the project speaks the Access dialect (SQLite project files);
+  // false on a server database, where the server texts of a statement apply.
+  bool jet() const;
+
+  // Runs a statement through the backend (not through a data class) and returns
+  // the first column of each row as text ("NULL" for null). Statements are
+  // given in the project's dialect.
   std::vector<std::string> Query(const std::string& sql);
   void Exec(const std::string& sql);
 
