@@ -360,7 +360,11 @@ ConnectionPtr OpenSqlite(const ConnectionString& parsed, Dialect dialect, std::s
   }
   // An Access-style project must exist already; a plain SQLite database may be created.
   const bool mayCreate = sql::EqualsIgnoreCase(parsed.Get("Provider"), "sqlite");
+  // "Mode=Read" (as OLE DB spells it) opens the file read-only.
+  const std::string mode = sql::AsciiLower(parsed.Get("Mode"));
+  const bool readOnly = mode == "read" || mode == "ro";
   for (bool writable : {true, false}) {
+    if (writable && readOnly) continue;
     sqlite3* raw = nullptr;
     int flags = writable ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY;
     if (writable && mayCreate) flags |= SQLITE_OPEN_CREATE;
