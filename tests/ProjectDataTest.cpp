@@ -1,0 +1,224 @@
+// Projects: the catalogue rows, the recent list, new project files, and the
+// factory's depth unit.
+#include <filesystem>
+#include <fstream>
+
+#include "TestSupport.h"
+#include "dbaccess/DbManage.h"
+#include "petrodb/project/IBasicProjectData.h"
+
+namespace petrodb::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+class ProjectDataTest : public ProjectTest {
+ protected:
+  void SetUp() override {
+    ProjectTest::SetUp();
+    projects_ = Make<IBasicProjectData>("IBasicProjectData");
+    ASSERT_NE(projects_, nullptr);
+  }
+  ProjectRecord Sample(const std::string& name) {
+    ProjectRecord r;
+    r.ProjectName = name;
+    r.Description = "油田 north";
+    r.AutoCalcMinMax = '1';
+    r.SNmin = 1.5;
+    r.SNmax = 2.5;
+    r.EWmin = -3.25;
+    r.EWmax = 4e6;
+    r.DepthUnit = 1;
+    r.CooridnateType = 2;
+    r.Projection.CentralMeridian = 117.0;
+    r.Ellipsoid.SemiMajor = 6378137.0;
+    return r;
+  }
+  std::unique_ptr<IBasicProjectData> projects_;
+};
+
+TEST_F(ProjectDataTest, SaveAndLoadRoundTripWithExactStatements) {
+  sql_.clear();
+  ASSERT_TRUE(projects_->SaveProject(Sample("North")));
+  EXPECT_EQ(sql_.texts(), (std::vector<std::string>{
+                              "b_project_data",
+                              "b_project_data",
+                              "delete from b_project_data where ProjectName='North'",
+                              "insert into b_project_data (ProjectName, Description, AutoCalcMinMax, EWmin, EWmax, "
+                              "SNmin, SNmax, CreatedDate, EllipsoidID, EllipsoidDescription, SemiMajor, Flattering, "
+                              "ProjectionType, ProjectionDescription, CentralMeridian, OriginLatitude, FalseEasting, "
+                              "FalseNorthing, StdParallel1, StdParallel2, ScaleFactor, Azimuth, ZoneType, indexZone, "
+                              "CooridnateType, DepthUnit) values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, "
+                              "?, ?, ?, ?, ?, ?, ?, ?, ?)"}));
+  sql_.clear();
+  ProjectRecord loaded;
+  ASSERT_TRUE(projects_->LoadProject("North", loaded));
+  EXPECT_EQ(sql_.texts(), std::vector<std::string>{"select * from b_project_data where ProjectName='North'"});
+  const ProjectRecord want = Sample("North");
+  EXPECT_EQ(loaded.ProjectName, "North");
+  EXPECT_EQ(loaded.Description, want.Description);
+  EXPECT_EQ(loaded.AutoCalcMinMax, '1');
+  EXPECT_EQ(loaded.SNmin, 1.5);
+  EXPECT_EQ(loaded.SNmax, 2.5);
+  EXPECT_EQ(loaded.EWmin, -3.25);
+  EXPECT_EQ(loaded.EWmax, 4e6);
+  EXPECT_EQ(loaded.DepthUnit, 1);
+  EXPECT_EQ(loaded.CooridnateType, 2);
+  EXPECT_EQ(loaded.Projection.CentralMeridian, 117.0);
+  EXPECT_EQ(loaded.Projection.ProjectionDescription, want.Projection.ProjectionDescription);
+  EXPECT_EQ(loaded.Ellipsoid.SemiMajor, 6378137.0);
+  EXPECT_EQ(loaded.Ellipsoid.EllipsoidDescription, "Krassovsky 1940/北京54");
+  EXPECT_FALSE(loaded.CreatedDate.empty());
+  EXPECT_TRUE(messages_.messages().empty());
+}
+
+TEST_F(ProjectDataTest, SavingAgainReplacesTheRowAndStampsTheTime) {
+  ProjectRecord r = Sample("North");
+  r.CreatedDate = "1999-1-1 0:0:0";  // ignored: every save stamps the current time
+  ASSERT_TRUE(projects_->SaveProject(r));
+  r.Description = "second";
+  ASSERT_TRUE(projects_->SaveProject(r));
+  EXPECT_EQ(Query("select Description from b_project_data"), std::vector<std::string>{"second"});
+  ProjectRecord loaded;
+  ASSERT_TRUE(projects_->LoadProject("North", loaded));
+  const DateTime now = DateTime::Now();
+  EXPECT_EQ(loaded.CreatedDate.substr(0, 4), std::to_string(now.year));
+  std::vector<std::string> names;
+  EXPECT_TRUE(projects_->GetProjectNames(names));
+  EXPECT_EQ(names, std::vector<std::string>{"North"});
+}
+
+TEST_F(ProjectDataTest, LoadFailsOnAMissingColumnButNotOnAMissingDepthUnit) {
+  ASSERT_TRUE(projects_->SaveProject(Sample("North")));
+  Exec("alter table b_project_data drop column DepthUnit");
+  ProjectRecord loaded;
+  loaded.DepthUnit = 7;
+  ASSERT_TRUE(projects_->LoadProject("North", loaded));
+  EXPECT_EQ(loaded.DepthUnit, 0);
+  Exec("update b_project_data set ScaleFactor = null");
+  ProjectRecord partial;
+  EXPECT_FALSE(projects_->LoadProject("North", partial));
+  EXPECT_EQ(partial.Description, "油田 north");  // what was read before the gap stays
+  EXPECT_FALSE(projects_->LoadProject("Nowhere", partial));
+}
+
+TEST_F(ProjectDataTest, EmptyNamesAndMissingTablesAreRefusedWithTheirMessages) {
+  EXPECT_FALSE(projects_->SaveProject(ProjectRecord{}));
+  EXPECT_FALSE(projects_->DeleteProject(""));
+  Exec("drop table b_project_data");
+  EXPECT_FALSE(projects_->SaveProject(Sample("North")));
+  EXPECT_FALSE(projects_->DeleteProject("North"));
+  EXPECT_FALSE(projects_->IsProjectExist("North"));
+  std::vector<std::string> names{"stale"};
+  EXPECT_FALSE(projects_->GetProjectNames(names));
+  EXPECT_TRUE(names.empty());
+  EXPECT_EQ(messages_.texts(), (std::vector<std::string>{"工区名不能为空！", "工区名称不能为空！",
+                                                         "数据库连接失败或工区表不存在！"}));
+  for (const auto& m : messages_.messages()) EXPECT_EQ(m.style, MessageStyle::Application);
+}
+
+TEST_F(ProjectDataTest, AQuoteInANameFindsNothingAndDeletesNothing) {
+  ASSERT_TRUE(projects_->SaveProject(Sample("North")));
+  EXPECT_FALSE(projects_->IsProjectExist("North' or '1'='1"));
+  EXPECT_TRUE(projects_->DeleteProject("North' or '1'='1"));  // the delete's result is not looked at
+  EXPECT_TRUE(projects_->IsProjectExist("North"));
+  EXPECT_TRUE(projects_->IsProjectExist("north"));  // names compare ignoring case
+  EXPECT_FALSE(projects_->TouchRecentProject("it's", 0));
+  EXPECT_TRUE(Query("select projectName from b_project_recent").empty());
+}
+
+TEST_F(ProjectDataTest, RecentProjectsKeepEachNameOnceMostRecentFirst) {
+  ASSERT_TRUE(projects_->TouchRecentProject("A", 0));
+  Exec("update b_project_recent set accessTime = '2001-01-01 00:00:00'");
+  ASSERT_TRUE(projects_->TouchRecentProject("B", 0));
+  Exec("update b_project_recent set accessTime = '2002-01-01 00:00:00' where projectName = 'B'");
+  sql_.clear();
+  ASSERT_TRUE(projects_->TouchRecentProject("A", 0));
+  EXPECT_EQ(sql_.texts(), (std::vector<std::string>{"select * from b_project_recent where projectName ='A'",
+                                                    "delete from b_project_recent where projectName ='A'",
+                                                    "insert into b_project_recent (projectName, accessTime) values "
+                                                    "(?, ?)"}));
+  std::vector<std::string> names;
+  ASSERT_TRUE(projects_->GetRecentProjects(names));
+  EXPECT_EQ(names, (std::vector<std::string>{"A", "B"}));
+}
+
+TEST_F(ProjectDataTest, CreateProjectCopiesTheTemplateOnce) {
+  if (!jet()) GTEST_SKIP() << "project files are local";
+  const std::string parent = dir_.string();
+  const std::string templates = TemplateFile().parent_path().string();
+  ASSERT_TRUE(projects_->CreateProject("Field", parent.c_str(), templates.c_str()));
+  const fs::path file = dir_ / "Field" / "Field.mdb";
+  ASSERT_TRUE(fs::exists(file));
+  EXPECT_NE(fs::status(file).permissions() & fs::perms::owner_write, fs::perms::none);
+  EXPECT_FALSE(projects_->CreateProject("Field", parent.c_str(), templates.c_str()));
+  EXPECT_FALSE(projects_->CreateProject("Other", parent.c_str(), (dir_ / "no-templates").string().c_str()));
+  EXPECT_TRUE(projects_->CreateProjectDirectory("Field", parent.c_str()));  // already a directory
+  std::ofstream(dir_ / "plainfile") << "x";
+  EXPECT_FALSE(projects_->CreateProjectDirectory("plainfile", parent.c_str()));
+  EXPECT_EQ(messages_.texts(),
+            (std::vector<std::string>{"该工区已经存在，请重新操作！", "创建工区失败!\n因为无法拷贝缺省数据库。",
+                                      "创建工区失败!\n工区目录下可能已有名为plainfile的工区。"}));
+  // The new file is a working project.
+  auto other = Make<IBasicProjectData>("IBasicProjectData");
+  other->SetConnection(("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + file.string()).c_str());
+  EXPECT_TRUE(other->SaveProject(Sample("Field")));
+  EXPECT_TRUE(other->IsProjectExist("Field"));
+}
+
+TEST_F(ProjectDataTest, CreateProjectDatabaseOnAnEngineWithoutServerCatalogueFails) {
+  if (!jet()) GTEST_SKIP() << "the server case is covered by the server suite";
+  int begun = 0, ended = 0;
+  SetProgressHandler({[&](const std::string& text) {
+                        EXPECT_EQ(text, "系统正在创建数据库，请耐心等候...");
+                        ++begun;
+                      },
+                      [&] { ++ended; }});
+  sql_.clear();
+  EXPECT_FALSE(projects_->CreateProjectDatabase("newdb", connection_.c_str()));
+  SetProgressHandler({});
+  EXPECT_EQ(begun, 1);
+  EXPECT_EQ(ended, 1);
+  ASSERT_EQ(sql_.texts().size(), 2u);
+  EXPECT_EQ(sql_.texts()[0], "select * from sysdatabases where name='newdb'");
+  const std::string dir = ProgramDirectory();
+  EXPECT_EQ(sql_.texts()[1], "RESTORE FILELISTONLY FROM DISK = '" + dir + "/orvex.bak' RESTORE DATABASE newdb FROM "
+                             "DISK = '" + dir + "/orvex.bak' WITH MOVE 'orvex_Data' TO '" + dir +
+                             "/newdb.mdf',MOVE 'orvex_Log' TO '" + dir + "/newdb.ldf'");
+  EXPECT_TRUE(messages_.messages().empty());
+}
+
+TEST_F(ProjectDataTest, FactoryReadsTheDepthUnitOnceUntilASetterRuns) {
+  EXPECT_EQ(factory_->GetDepthFactor(true), 3.2808);
+  EXPECT_EQ(factory_->GetDepthFactor(false), 1.0);
+  ProjectRecord r = Sample("Test");
+  r.DepthUnit = 1;
+  ASSERT_TRUE(projects_->SaveProject(r));
+  sql_.clear();
+  EXPECT_EQ(factory_->IsDepthInFeet(), 1);
+  EXPECT_STREQ(factory_->GetDepthUnitName(), "英尺");
+  EXPECT_EQ(sql_.texts().size(), 1u);  // cached after the first read
+  Exec("update b_project_data set DepthUnit = 0");
+  EXPECT_EQ(factory_->IsDepthInFeet(), 1);
+  factory_->SetConnectionString(connection_.c_str());  // same text: still forces a new read
+  EXPECT_EQ(factory_->IsDepthInFeet(), 0);
+  EXPECT_EQ(sql_.texts().size(), 2u);
+  factory_->SetProjectName("Unknown");
+  EXPECT_EQ(factory_->IsDepthInFeet(), 0);
+  EXPECT_TRUE(messages_.messages().empty());
+}
+
+TEST(Factory, EmptyProjectNameAnswersMetresWithoutTheDatabase) {
+  SqlRecorder sql;
+  IDataFactory* f = CreateDataFactoryObject();
+  ASSERT_NE(f, nullptr);
+  f->SetConnectionString("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=/nonexistent/x.mdb");
+  EXPECT_STREQ(f->GetDepthUnitName(), "米");
+  EXPECT_STREQ(f->GetConnectionString(), "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=/nonexistent/x.mdb");
+  EXPECT_TRUE(sql.events().empty());
+  DeleteDataFactory(f);
+  DeleteDataFactory(nullptr);
+}
+
+}  // namespace
+}  // namespace petrodb::test
