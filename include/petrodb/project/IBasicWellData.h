@@ -94,8 +94,8 @@ class IBasicWellData : public IDataBase {
   virtual bool LoadWellByName(const std::string& name, WellRecord& record) = 0;
   // Appends the IDs of every membership row (all groups, all projects).
   virtual bool GetGroupedWellIDs(std::vector<std::string>& ids) = 0;
-  // The display names of every grouped well: GetGroupedWellIDs, then
-  // LoadWellsByIDs; an empty name gives the WellID.
+  // The display names of every grouped well in WellID order:
+  // GetGroupedWellIDs, then LoadWellsByIDs; an empty name gives the WellID.
   virtual bool GetGroupedWellNames(std::vector<std::string>& names) = 0;
   // Saves each well (SaveWell) and adds it to the group.
   virtual bool SaveWellsWithGroup(const char* project, const char* groupID, const std::vector<WellRecord>& records) = 0;

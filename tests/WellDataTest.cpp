@@ -1,0 +1,320 @@
+// Well master records and group membership.
+#include "TestSupport.h"
+#include "petrodb/project/IBasicWellData.h"
+#include "petrodb/project/IWellGroupData.h"
+
+namespace petrodb::test {
+namespace {
+
+WellRecord Well(const std::string& id, const std::string& name = "") {
+  WellRecord w;
+  w.WellID = id;
+  w.WellName = name;
+  w.WellType = "oil";
+  w.Well_SN = 4300000.5;
+  w.Well_EW = 20500000.25;
+  w.WellFlag = 'Y';
+  w.WellSymbol = 7;
+  w.Kb = 1200.5;
+  w.Ekb = 1195.0;
+  w.WellDepth = 3500.75;
+  return w;
+}
+
+std::vector<std::string> Ids(int n, const char* prefix = "W") {
+  std::vector<std::string> ids;
+  for (int i = 1; i <= n; ++i) ids.push_back(prefix + std::to_string(100 + i));
+  return ids;
+}
+
+class WellDataTest : public ProjectTest {
+ protected:
+  void SetUp() override {
+    ProjectTest::SetUp();
+    wells_ = Make<IBasicWellData>("IBasicWellData");
+    groups_ = Make<IWellGroupData>("IWellGroupData");
+    ASSERT_TRUE(wells_ && groups_);
+  }
+  void Group(const char* project, const char* id, int policy, const char* idPolicy, const char* namePolicy) {
+    ASSERT_TRUE(groups_->SaveGroup(project, WellGroupRecord{id, std::string("G ") + id, policy, idPolicy, namePolicy},
+                                   {}));
+  }
+  std::vector<std::string> Members(const char* groupID) {
+    return Query(std::string("select WellID from w_groupwell where GroupID = '") + groupID + "' order by WellID");
+  }
+  std::unique_ptr<IBasicWellData> wells_;
+  std::unique_ptr<IWellGroupData> groups_;
+};
+
+TEST_F(WellDataTest, SaveAndLoadRoundTripEveryField) {
+  const WellRecord w = Well("W1", "Well one");
+  ASSERT_TRUE(wells_->SaveWell("P1", w));
+  WellRecord back;
+  ASSERT_TRUE(wells_->LoadWell("W1", back));
+  EXPECT_EQ(back.WellID, "W1");
+  EXPECT_EQ(back.WellName, "Well one");
+  EXPECT_EQ(back.WellType, "oil");
+  EXPECT_EQ(back.Well_SN, w.Well_SN);
+  EXPECT_EQ(back.Well_EW, w.Well_EW);
+  EXPECT_EQ(back.WellFlag, 'Y');
+  EXPECT_EQ(back.WellSymbol, 7);
+  EXPECT_EQ(back.Kb, 1200.5);
+  EXPECT_EQ(back.Ekb, 1195.0);
+  EXPECT_EQ(back.WellDepth, 3500.75);
+  EXPECT_EQ(Query("select ProjectName from w_well_data"), std::vector<std::string>{"P1"});
+
+  // Saving again replaces the row.
+  ASSERT_TRUE(wells_->SaveWell(std::string("P1"), Well("W1", "renamed")));
+  EXPECT_EQ(Query("select WellName from w_well_data"), std::vector<std::string>{"renamed"});
+  EXPECT_TRUE(wells_->IsWellIDExist("P1", "W1"));
+  EXPECT_FALSE(wells_->IsWellIDExist("P2", "W1"));
+  EXPECT_TRUE(wells_->IsWellNameExist(std::string("P1"), std::string("RENAMED")));  // case ignored
+}
+
+TEST_F(WellDataTest, GroupAwareStatementsAreExact) {
+  ASSERT_TRUE(wells_->SaveWell("P1", Well("W1", "one")));
+  sql_.clear();
+  std::vector<WellRecord> records;
+  std::vector<std::string> ids;
+  EXPECT_TRUE(wells_->LoadProjectWells("P1", records));
+  EXPECT_TRUE(wells_->GetProjectWellIDs("P1", ids));
+  EXPECT_TRUE(wells_->IsWellInGroup("G1", "W1") == false);
+  EXPECT_TRUE(wells_->DeleteWell("P1", "W9"));
+  EXPECT_TRUE(wells_->RemoveWellsFromGroup("G1", {"a", "b"}));
+  EXPECT_TRUE(wells_->RemoveWellFromGroup("G1", "a"));
+  EXPECT_TRUE(wells_->ClearGroup("G1"));
+  EXPECT_EQ(sql_.texts(), (std::vector<std::string>{
+                              "select * from w_well_data where ProjectName = 'P1'",
+                              "select WellID from w_well_data where ProjectName = 'P1' order by WellID",
+                              "select WellID from w_groupwell where GroupID = 'G1' and WellID = 'W1'",
+                              "delete from w_well_data where ProjectName = 'P1' and WellID = 'W9'",
+                              "delete from w_groupwell where WellID = 'W9'",
+                              "delete from w_groupwell where GroupID = 'G1' and WellID in ('a', 'b')",
+                              "delete from w_groupwell where GroupID = 'G1' and WellID = 'a'",
+                              "delete from w_groupwell where GroupID = 'G1'",
+                          }));
+}
+
+TEST_F(WellDataTest, CompactStatementsKeepTheirSpacing) {
+  ASSERT_TRUE(wells_->AppendWells("P1", {Well("W1"), Well("W2")}));
+  sql_.clear();
+  std::vector<std::string> ids, found;
+  std::vector<WellRecord> records;
+  WellRecord one;
+  EXPECT_TRUE(wells_->ListWellIDs("P1", ids));
+  EXPECT_TRUE(wells_->LoadWellList("'W1','W2'", records));
+  EXPECT_TRUE(wells_->LoadWellRow("W1", one));
+  EXPECT_TRUE(wells_->LoadAllWells("P1", records));
+  EXPECT_TRUE(wells_->WellExists("W1", "P1"));
+  EXPECT_TRUE(wells_->FilterExistingWells("P1", {"W1", "W7"}, found));
+  EXPECT_TRUE(wells_->RemoveWell("W9", "P1"));
+  EXPECT_TRUE(wells_->RemoveWells("'W8','W9'", "P1"));
+  EXPECT_TRUE(wells_->RemoveProjectWells("P9"));
+  EXPECT_EQ(sql_.texts(), (std::vector<std::string>{
+                              "select WellID from w_well_data where ProjectName='P1'order by WellID",
+                              "select * from w_well_data where WellID in ('W1','W2')",
+                              "select * from w_well_data where WellID='W1'",
+                              "select * from w_well_data where ProjectName='P1'order by WellID",
+                              "select WellID from  w_well_data where WellID='W1' and ProjectName='P1'",
+                              "select wellid from w_well_data where  ProjectName = 'P1' and wellid in ('W1','W7')",
+                              "delete from w_well_data where WellID='W9' and ProjectName='P1'",
+                              "delete from  w_well_data where WellID in ('W8','W9') AND ProjectName='P1'",
+                              "delete from  w_well_data where ProjectName='P9'",
+                          }));
+  EXPECT_EQ(ids, (std::vector<std::string>{"W1", "W2"}));
+  EXPECT_EQ(found, std::vector<std::string>{"W1"});
+  EXPECT_EQ(records.size(), 4u);
+}
+
+TEST_F(WellDataTest, IdListsGoInBatchesOfTen) {
+  for (int n : {10, 11, 21}) {
+    SCOPED_TRACE(n);
+    const auto ids = Ids(n);
+    Exec("delete from w_well_data");
+    for (const auto& id : ids) ASSERT_TRUE(wells_->AppendWells("P1", {Well(id)}));
+    sql_.clear();
+    std::vector<WellRecord> records;
+    ASSERT_TRUE(wells_->LoadWellsByIDs(ids, records));
+    EXPECT_EQ(records.size(), static_cast<size_t>(n));
+    const auto sent = sql_.texts();
+    ASSERT_EQ(sent.size(), static_cast<size_t>((n + 9) / 10));
+    EXPECT_EQ(sent[0],
+              "select * from w_well_data where WellID in ('W101', 'W102', 'W103', 'W104', 'W105', 'W106', 'W107', "
+              "'W108', 'W109', 'W110')");
+    if (n == 11) EXPECT_EQ(sent[1], "select * from w_well_data where WellID in ('W111')");
+    if (n == 21) EXPECT_EQ(sent[2], "select * from w_well_data where WellID in ('W121')");
+  }
+}
+
+TEST_F(WellDataTest, GroupWellsLoadThroughMembershipInBatches) {
+  const auto ids = Ids(11);
+  for (const auto& id : ids) ASSERT_TRUE(wells_->AppendWells("P1", {Well(id, "n" + id)}));
+  ASSERT_TRUE(wells_->AppendWells("P2", {Well("W999")}));
+  std::vector<std::string> members = ids;
+  members.push_back("W999");  // a member from another project is not loaded
+  ASSERT_TRUE(wells_->AddWellsToGroup("G1", members));
+  sql_.clear();
+  std::vector<WellRecord> records;
+  ASSERT_TRUE(wells_->LoadGroupWells("P1", "G1", records));
+  EXPECT_EQ(records.size(), 11u);
+  const auto sent = sql_.texts();
+  ASSERT_EQ(sent.size(), 3u);
+  EXPECT_EQ(sent[0], "select WellID from w_groupwell where GroupID = 'G1' order by WellID");
+  EXPECT_EQ(sent[2], "select * from w_well_data where ProjectName = 'P1' and WellID in ('W111', 'W999')");
+
+  sql_.clear();
+  std::vector<std::string> found;
+  ASSERT_TRUE(wells_->GetGroupWellIDs("P1", "G1", found));
+  EXPECT_EQ(found.size(), 11u);
+  EXPECT_EQ(sql_.texts()[2],
+            "select WellID from w_well_data where ProjectName = 'P1' and WellID in ('W111', 'W999')");
+  EXPECT_EQ(wells_->GetGroupWellCount("P1", "G1"), 11);
+  EXPECT_TRUE(wells_->HasGroupWells("P1", "G1"));
+
+  // An empty group: success, nothing loaded, no second statement.
+  sql_.clear();
+  records.clear();
+  EXPECT_TRUE(wells_->LoadGroupWells(std::string("P1"), std::string("EMPTY"), records));
+  EXPECT_TRUE(records.empty());
+  EXPECT_EQ(sql_.texts().size(), 1u);
+  EXPECT_FALSE(wells_->HasGroupWells("P1", "EMPTY"));
+}
+
+TEST_F(WellDataTest, LoadByNamesRetriesEachBatchByID) {
+  auto ids = Ids(12);
+  for (const auto& id : ids) ASSERT_TRUE(wells_->AppendWells("P1", {Well(id, "name" + id)}));
+  // First batch by name, second batch (two IDs) only matches by ID.
+  std::vector<std::string> keys;
+  for (int i = 0; i < 10; ++i) keys.push_back("name" + ids[i]);
+  keys.push_back(ids[10]);
+  keys.push_back(ids[11]);
+  std::vector<WellRecord> records{Well("stale")};
+  sql_.clear();
+  ASSERT_TRUE(wells_->LoadWellsByNames(keys, records));
+  EXPECT_EQ(records.size(), 12u);
+  EXPECT_EQ(sql_.texts(), (std::vector<std::string>{
+                              "select * from w_well_data where WellName in ('nameW101', 'nameW102', 'nameW103', "
+                              "'nameW104', 'nameW105', 'nameW106', 'nameW107', 'nameW108', 'nameW109', 'nameW110')",
+                              "select * from w_well_data where WellName in ('W111', 'W112')",
+                              "select * from w_well_data where WellID in ('W111', 'W112')",
+                          }));
+  // A batch found neither way fails, keeping earlier batches.
+  keys[11] = "nowhere";
+  keys[10] = "nowhere either";
+  EXPECT_FALSE(wells_->LoadWellsByNames(keys, records));
+  EXPECT_EQ(records.size(), 10u);
+  EXPECT_TRUE(wells_->LoadWellsByNames({}, records));
+  EXPECT_TRUE(records.empty());
+
+  WellRecord one;
+  sql_.clear();
+  ASSERT_TRUE(wells_->LoadWellByName(std::string("W105"), one));
+  EXPECT_EQ(one.WellName, "nameW105");
+  EXPECT_EQ(sql_.texts(), (std::vector<std::string>{"select * from w_well_data where WellName = 'W105'",
+                                                    "select * from w_well_data where WellID = 'W105'"}));
+}
+
+TEST_F(WellDataTest, NamesFallBackToTheWellID) {
+  ASSERT_TRUE(wells_->SaveWell("P1", Well("W2", "")));
+  ASSERT_TRUE(wells_->SaveWell("P1", Well("W1", "first")));
+  Group("P1", "G1", -1, "", "");
+  ASSERT_TRUE(wells_->AddWellsToGroup("G1", {"W1", "W2"}));
+  std::vector<std::string> names, display, grouped, byGroupName;
+  ASSERT_TRUE(wells_->GetProjectWellNames("P1", names));
+  EXPECT_EQ(names, (std::vector<std::string>{"first", "W2"}));
+  ASSERT_TRUE(wells_->GetGroupWellDisplayNames("P1", "G1", display));
+  EXPECT_EQ(display, names);
+  ASSERT_TRUE(wells_->GetGroupedWellNames(grouped));
+  EXPECT_EQ(grouped, names);
+  sql_.clear();
+  ASSERT_TRUE(wells_->GetGroupWellNames("P1", "G G1", byGroupName));
+  EXPECT_EQ(byGroupName, names);
+  EXPECT_EQ(sql_.texts()[0], "select GroupID from w_wellgroup where ProjectName = 'P1' and GroupName = 'G G1'");
+  EXPECT_TRUE(wells_->IsWellNameInGroup("P1", "G G1", "first"));
+  EXPECT_FALSE(wells_->IsWellNameInGroup("P1", "G G1", "missing"));
+}
+
+TEST_F(WellDataTest, SaveJoinsGroupsByPolicy) {
+  Group("P1", "NEG", -1, "", "");          // never
+  Group("P1", "BYID", 0, "W1", "zzz");     // ID contains "W1"
+  Group("P1", "BYNAME", 1, "zzz", "Lu");   // name contains "Lu" (case-sensitive)
+  Group("P1", "ALLID", 0, "", "");         // empty text: every well
+  Group("P1", "ALLNAME", 2, "zzz", "");    // empty text: every well
+  Group("P2", "OTHER", 0, "", "");         // another project's group
+  ASSERT_TRUE(wells_->SaveWells("P1", {Well("W12", "Lu 3"), Well("X3", "lu 4"), Well("Y1", "abc")}));
+  EXPECT_TRUE(Members("NEG").empty());
+  EXPECT_EQ(Members("BYID"), std::vector<std::string>{"W12"});
+  EXPECT_EQ(Members("BYNAME"), std::vector<std::string>{"W12"});
+  EXPECT_EQ(Members("ALLID"), (std::vector<std::string>{"W12", "X3", "Y1"}));
+  EXPECT_EQ(Members("ALLNAME"), (std::vector<std::string>{"W12", "X3", "Y1"}));
+  EXPECT_TRUE(Members("OTHER").empty());
+
+  // Saving again replaces the memberships rather than doubling them.
+  ASSERT_TRUE(wells_->SaveWell("P1", Well("W12", "Lu 3")));
+  EXPECT_EQ(Members("BYID"), std::vector<std::string>{"W12"});
+}
+
+TEST_F(WellDataTest, SaveWithGroupAddsTheExplicitMembership) {
+  ASSERT_TRUE(wells_->SaveWellsWithGroup("P1", "G7", {Well("A"), Well("B")}));
+  EXPECT_EQ(Members("G7"), (std::vector<std::string>{"A", "B"}));
+  ASSERT_TRUE(wells_->SaveWellWithGroup(std::string("P1"), std::string("G8"), Well("C")));
+  EXPECT_TRUE(wells_->IsWellInGroup(std::string("G8"), std::string("C")));
+  ASSERT_TRUE(wells_->DeleteGroupWells("P1", "G7"));
+  EXPECT_EQ(Query("select WellID from w_well_data"), std::vector<std::string>{"C"});
+  EXPECT_TRUE(Members("G7").empty());
+}
+
+TEST_F(WellDataTest, ReplaceWellDeletesTheIDInEveryProject) {
+  ASSERT_TRUE(wells_->AppendWells("P1", {Well("W1", "in p1")}));
+  ASSERT_TRUE(wells_->AppendWells("P2", {Well("W1", "in p2")}));
+  sql_.clear();
+  ASSERT_TRUE(wells_->ReplaceWell("P2", Well("W1", "new")));
+  EXPECT_EQ(sql_.texts()[0], "delete from  w_well_data where WellID='W1'");
+  EXPECT_EQ(Query("select ProjectName from w_well_data"), std::vector<std::string>{"P2"});
+
+  // SaveWell, by contrast, replaces only within the project.
+  ASSERT_TRUE(wells_->SaveWell("P1", Well("W1", "p1 again")));
+  EXPECT_EQ(Query("select ProjectName from w_well_data order by ProjectName"),
+            (std::vector<std::string>{"P1", "P2"}));
+
+  EXPECT_FALSE(wells_->ReplaceWell("P1", Well("")));
+  EXPECT_EQ(messages_.texts(), std::vector<std::string>{"井号不能为空！"});
+}
+
+TEST_F(WellDataTest, DeletingProjectWellsEmptiesEveryMembership) {
+  ASSERT_TRUE(wells_->AppendWells("P1", {Well("A")}));
+  ASSERT_TRUE(wells_->AppendWells("P2", {Well("B")}));
+  ASSERT_TRUE(wells_->AddWellsToGroup("G1", {"A"}));
+  ASSERT_TRUE(wells_->AddWellsToGroup("G2", {"B"}));
+  sql_.clear();
+  ASSERT_TRUE(wells_->DeleteProjectWells("P1"));
+  EXPECT_EQ(sql_.texts(), (std::vector<std::string>{"delete from w_well_data where ProjectName = 'P1'",
+                                                    "delete from w_groupwell"}));
+  EXPECT_EQ(Query("select WellID from w_well_data"), std::vector<std::string>{"B"});
+  EXPECT_TRUE(Query("select WellID from w_groupwell").empty());
+  std::vector<std::string> grouped;
+  EXPECT_TRUE(wells_->GetGroupedWellIDs(grouped));
+  EXPECT_TRUE(grouped.empty());
+}
+
+TEST_F(WellDataTest, LoadWellMatchesAnyProjectAndFailsOnBadInput) {
+  ASSERT_TRUE(wells_->AppendWells("P2", {Well("W1", "from p2")}));
+  WellRecord w;
+  EXPECT_TRUE(wells_->LoadWell(std::string("W1"), w));
+  EXPECT_EQ(w.WellName, "from p2");
+  EXPECT_FALSE(wells_->LoadWell("nope", w));
+  // A quote in a value makes the statement unrunnable rather than changing it.
+  std::vector<WellRecord> records;
+  EXPECT_FALSE(wells_->LoadProjectWells("P2' or '1'='1", records));
+  EXPECT_FALSE(wells_->LoadWellsByIDs({"W1", "x'y"}, records));
+  EXPECT_TRUE(records.empty());
+  EXPECT_EQ(wells_->GetProjectWellCount("P2"), 1);
+  EXPECT_EQ(wells_->GetProjectWellCount("P1"), 0);
+  // A table without the row columns cannot be read.
+  Exec("drop table w_well_data");
+  EXPECT_FALSE(wells_->LoadProjectWells("P2", records));
+  EXPECT_FALSE(wells_->SaveWell("P2", Well("W1")));
+}
+
+}  // namespace
+}  // namespace petrodb::test
