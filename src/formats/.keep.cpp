@@ -1,1 +1,0 @@
-// Anchors the formats library; the readers and writers live beside it.

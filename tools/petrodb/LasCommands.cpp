@@ -1,0 +1,221 @@
+// petrodb las import / las export, and the demo's logs, survey and markers.
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+
+#include "Command.h"
+#include "formats/Las.h"
+#include "petrodb/Host.h"
+#include "petrodb/project/IBasicWellData.h"
+#include "petrodb/welllog/DepthConverter.h"
+#include "petrodb/welllog/ICurveDictionary.h"
+#include "petrodb/welllog/IDeviateData.h"
+#include "petrodb/welllog/ILogData.h"
+#include "petrodb/welllog/IMarkerData.h"
+#include "petrodb/welllog/ISourceData.h"
+
+namespace petrodb::cli {
+namespace {
+
+namespace fs = std::filesystem;
+
+bool Import(IDataFactory& factory, const std::string& wellID, const std::string& path, WellLog& log) {
+  las::File file;
+  std::string error;
+  if (!las::ReadFile(path, file, error)) {
+    PrintError(path + ": " + error);
+    return false;
+  }
+  for (const auto& warning : file.warnings) std::fprintf(stderr, "%s: %s\n", path.c_str(), warning.c_str());
+  las::ToWellLog(file, wellID, log);
+  auto logs = Create<ILogData>(factory, "ILogData");
+  if (!logs || !logs->SaveWellLog(log)) {
+    PrintError("cannot save the curves of well " + wellID);
+    return false;
+  }
+  return true;
+}
+
+int LasImport(const std::vector<std::string>& args) {
+  const std::string& file = args.at(0);
+  if (!CheckProjectFile(file)) return kFailed;
+  auto factory = MakeFactory(ProjectConnection(file));
+  WellLog log;
+  if (!Import(*factory, args.at(1), args.at(2), log)) return kFailed;
+  const auto samples = log.Curves.front().Values.size();
+  std::printf("imported %zu curves of %zu samples into well %s (index %s)\n", log.Curves.size(), samples,
+              log.WellID.c_str(), log.Curves.front().CurveName.c_str());
+  return kOk;
+}
+
+// Unit and description of a curve: the dictionary's where it knows the curve
+// (by name or alias), else the stored measure.
+void Describe(ICurveDictionary* dictionary, const LogCurve& curve, las::Curve& out) {
+  out.unit = curve.Measure;
+  CurveTemplate entry;
+  if (dictionary && dictionary->LoadTemplateByAlias(curve.CurveName.c_str(), entry)) {
+    if (!entry.CurveUnit.empty()) out.unit = entry.CurveUnit;
+    out.description = entry.DisplayName;
+  }
+  if (out.unit.find_first_of(" \t:") != std::string::npos) out.unit.clear();
+}
+
+int LasExport(const std::vector<std::string>& args) {
+  Options options;
+  if (!ParseOptions(args, {"out"}, options)) return kUsage;
+  if (options.positional.size() < 2) return kUsage;
+  const std::string& file = options.positional[0];
+  const std::string& wellID = options.positional[1];
+  const std::vector<std::string> names(options.positional.begin() + 2, options.positional.end());
+  if (!CheckProjectFile(file)) return kFailed;
+  auto factory = MakeFactory(ProjectConnection(file));
+  auto logs = Create<ILogData>(*factory, "ILogData");
+  WellLog log;
+  if (!(names.empty() ? logs->LoadWellLog(wellID.c_str(), log) : logs->LoadCurves(wellID.c_str(), names, log))) {
+    PrintError("no curves of well " + wellID + (names.empty() ? "" : " with those names"));
+    return kFailed;
+  }
+  // One index per file: the depth curve of the first curve asked for (or of
+  // the first curve that is not a depth curve).
+  const LogCurve* index = nullptr;
+  for (const auto& curve : log.Curves) {
+    if (!curve.DepthCurve) continue;
+    if (!names.empty() ? curve.CurveName == names.front() : curve.DepthCurve != &curve) {
+      index = curve.DepthCurve;
+      break;
+    }
+  }
+  if (!index)
+    for (const auto& curve : log.Curves)
+      if (curve.DepthCurve == &curve) index = &curve;
+  if (!index) {
+    PrintError("the curves of well " + wellID + " have no depth curve");
+    return kFailed;
+  }
+  auto dictionary = Create<ICurveDictionary>(*factory, "ICurveDictionary");
+  las::File out;
+  out.nullValue = log.NullValue;
+  out.hasNull = true;
+  out.well.push_back({"WELL", "", wellID, "WELL"});
+  auto add = [&](const LogCurve& curve) {
+    las::Curve c{curve.CurveName, "", "", curve.Values};
+    Describe(dictionary.get(), curve, c);
+    out.curves.push_back(std::move(c));
+  };
+  add(*index);
+  for (const auto& curve : log.Curves) {
+    if (&curve == index || curve.DepthCurve == &curve) continue;
+    if (curve.DepthCurve != index) {
+      std::fprintf(stderr, "skipped %s: indexed by %s, not %s\n", curve.CurveName.c_str(),
+                   curve.DepthCurve ? curve.DepthCurve->CurveName.c_str() : "nothing", index->CurveName.c_str());
+      continue;
+    }
+    add(curve);
+  }
+  std::string error;
+  bool written;
+  if (const auto* path = options.Get("out")) {
+    std::ofstream stream(*path, std::ios::binary);
+    written = stream && las::Write(stream, out, error);
+  } else {
+    written = las::Write(std::cout, out, error);
+  }
+  if (!written) {
+    PrintError(error.empty() ? "cannot write the LAS file" : error);
+    return kFailed;
+  }
+  return kOk;
+}
+
+const CommandRegistration kImport{Command{"las import", "<file> <well-id> <las>",
+                                          "load a LAS 2.0 file into a well's log curves", &LasImport, 3, 3}};
+const CommandRegistration kExport{Command{"las export", "<file> <well-id> [curve...] [--out <las>]",
+                                          "write curves of a well as LAS 2.0 (to stdout unless --out)", &LasExport,
+                                          2, -1}};
+
+// data/demo.las: from PETRODB_DATA_DIR, or the nearest data/ above the program.
+std::string DemoLasFile() {
+  std::error_code ec;
+  if (const char* dir = std::getenv("PETRODB_DATA_DIR"); dir && *dir) return (fs::path(dir) / "demo.las").string();
+  for (fs::path dir = ProgramDirectory(); !dir.empty(); dir = dir.parent_path()) {
+    const fs::path candidate = dir / "data" / "demo.las";
+    if (fs::is_regular_file(candidate, ec)) return candidate.string();
+    if (dir == dir.parent_path()) break;
+  }
+  return {};
+}
+
+bool DemoLogs(DemoContext& c) {
+  const char* well = "LAS-1";
+  auto wells = Create<IBasicWellData>(*c.factory, "IBasicWellData");
+  WellRecord head;
+  head.WellID = well;
+  head.WellName = "LAS-1 (deviated)";
+  head.Well_SN = 4420000.0;
+  head.Well_EW = 20350000.0;
+  head.Kb = 35.0;
+  if (!wells || !wells->ReplaceWell(c.project.c_str(), head)) return false;
+
+  const std::string path = DemoLasFile();
+  WellLog log;
+  if (path.empty()) {
+    PrintError("data/demo.las not found (set PETRODB_DATA_DIR)");
+    return false;
+  }
+  if (!Import(*c.factory, well, path, log)) return false;
+  std::printf("loaded %s: %zu curves, %zu samples, index %s\n", path.c_str(), log.Curves.size(),
+              log.Curves.front().Values.size(), log.Curves.front().CurveName.c_str());
+
+  // A survey that builds angle from 1000 m to 40 degrees at azimuth 60; the
+  // stored vertical depths and positions are computed from the angles.
+  DeviationSurvey survey;
+  survey.WellID = well;
+  for (int md = 0; md <= 2000; md += 100) {
+    survey.Md.push_back(md);
+    survey.Inclination.push_back(md <= 1000 ? 0.0 : (md >= 1400 ? 40.0 : (md - 1000) / 10.0));
+    survey.Azimuth.push_back(60.0);
+  }
+  auto converter = GetDepthConverter();
+  if (!converter) return false;
+  converter->SetWell(WellHead{head.Well_SN, head.Well_EW, head.Kb}, survey);
+  for (double md : survey.Md) {
+    const DepthPoint p = converter->Convert(md);
+    survey.Tvd.push_back(p.TVD);
+    survey.Tvdss.push_back(p.TVDSS);
+    survey.Xcoor.push_back(p.X);
+    survey.Ycoor.push_back(p.Y);
+    survey.Xoffset.push_back(p.X - head.Well_EW);
+    survey.Yoffset.push_back(p.Y - head.Well_SN);
+  }
+  auto surveys = Create<IDeviateData>(*c.factory, "IDeviateData");
+  if (!surveys->SaveSurvey(survey)) return false;
+  std::printf("saved a deviation survey of %zu stations\n", survey.Md.size());
+
+  WellMarkers tops;
+  tops.WellID = well;
+  for (const auto& [name, top, bottom] : {std::tuple{"Nm", 950.0, 1180.0}, std::tuple{"Ng", 1180.0, 1520.0},
+                                          std::tuple{"Ed", 1520.0, kNullDepth}}) {
+    MarkerRecord m;
+    m.MarkerName = name;
+    m.TopMD = top;
+    m.BottomMD = bottom;
+    tops.Markers.push_back(m);
+  }
+  auto markers = Create<IMarkerData>(*c.factory, "IMarkerData");
+  if (!markers->SaveWellMarkers(tops)) return false;
+  auto reader = Create<ISourceData>(*c.factory, "ISourceData");
+  std::vector<MarkerRecord> saved;
+  if (!reader->LoadWellMarkers("地质分层", well, saved)) return false;
+  std::printf("%-6s %9s %9s %9s %12s %12s\n", "marker", "MD", "TVD", "TVDSS", "X", "Y");
+  for (const auto& m : saved)
+    std::printf("%-6s %9.2f %9.2f %9.2f %12.2f %12.2f\n", m.MarkerName.c_str(), m.TopMD, m.TopTVD, m.TopTVDSS,
+                m.XCoor, m.YCoor);
+  return true;
+}
+
+const DemoRegistration kDemo{DemoStep{30, "well logs, a deviation survey and markers", &DemoLogs}};
+
+}  // namespace
+}  // namespace petrodb::cli
