@@ -155,6 +155,26 @@ TEST_F(SessionTest, ABatchIsWrittenWhollyOrNotAtAll) {
   EXPECT_FALSE(db.SaveData());
 }
 
+TEST_F(SessionTest, RowsMaySetColumnsInAnyOrderAndSetAColumnTwice) {
+  {
+    CDbManage db(connection_.c_str());
+    db.BeginSaveData("t_session");
+    db.AddNew();
+    db.SetFieldValue("k", "first");
+    db.SetFieldValue("i", 1);
+    db.AddNew();
+    db.SetFieldValue("k", "second");
+    db.SetFieldValue("K", "second, again");
+    db.SetFieldValue("i", 2);
+    db.AddNew();
+    db.SetFieldValue("i", 3);
+    db.SetFieldValue("k", "third");
+    ASSERT_TRUE(db.SaveData());
+  }
+  EXPECT_EQ(Query("select k from t_session order by i"),
+            (std::vector<std::string>{"first", "second, again", "third"}));
+}
+
 TEST_F(SessionTest, RowsPendingAtCloseAreWrittenUnlessCancelled) {
   {
     CDbManage db(connection_.c_str());

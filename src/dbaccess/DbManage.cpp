@@ -145,13 +145,30 @@ struct CDbManage::Impl {
     return i;
   }
 
+  // Rows of a batch usually set the same columns in the same order as the row
+  // before; while they do, a column cannot be a repeat and needs no search.
+  bool followsPrevious = false;
+
+  void StartRow() {
+    pending.push_back(PendingRow{saveTable, {}});
+    rowOpen = true;
+    followsPrevious = pending.size() >= 2 && pending[pending.size() - 2].table == saveTable;
+    if (followsPrevious) pending.back().cells.reserve(pending[pending.size() - 2].cells.size());
+  }
+
   void Set(const char* column, Cell value) {
     if (!column) return;
-    if (!rowOpen) {
-      pending.push_back(PendingRow{saveTable, {}});
-      rowOpen = true;
-    }
+    if (!rowOpen) StartRow();
     auto& cells = pending.back().cells;
+    if (followsPrevious) {
+      const auto& previous = pending[pending.size() - 2].cells;
+      const std::size_t k = cells.size();
+      if (k < previous.size() && previous[k].first == column) {
+        cells.emplace_back(previous[k].first, std::move(value));
+        return;
+      }
+      followsPrevious = false;
+    }
     for (auto& [name, cell] : cells)
       if (petrodb::sql::EqualsIgnoreCase(name, column)) {
         cell = std::move(value);
@@ -306,10 +323,7 @@ bool CDbManage::BeginSaveData(const char* table) {
   return exists;
 }
 
-void CDbManage::AddNew() {
-  impl_->pending.push_back(PendingRow{impl_->saveTable, {}});
-  impl_->rowOpen = true;
-}
+void CDbManage::AddNew() { impl_->StartRow(); }
 
 void CDbManage::SetFieldValue(const char* column, const char* value) {
   if (!value) {

@@ -202,6 +202,7 @@ class SqliteConnection final : public Connection {
   }
 
   bool Insert(const std::vector<PendingRow>& rows, std::string& error) override {
+    lastInsert_ = nullptr;
     if (sqlite3_exec(db_.get(), "begin immediate", nullptr, nullptr, nullptr) != SQLITE_OK) {
       error = sqlite3_errmsg(db_.get());
       return false;
@@ -279,15 +280,30 @@ class SqliteConnection final : public Connection {
     return text + ") values (" + marks + ")";
   }
 
+  static bool SameShape(const PendingRow& a, const PendingRow& b) {
+    if (a.table != b.table || a.cells.size() != b.cells.size()) return false;
+    for (std::size_t k = 0; k < a.cells.size(); ++k)
+      if (a.cells[k].first != b.cells[k].first) return false;
+    return true;
+  }
+
+  // Rows of the same table and columns as the row before reuse its statement.
   bool InsertRow(const PendingRow& row, const PendingRow* previous, std::string& error) {
     if (row.cells.empty()) {
       const std::string text = "insert into " + row.table + " default values";
       return Execute(text, error);
     }
     StmtHandle owned;
-    sqlite3_stmt* stmt = Prepare(InsertText(row), owned, error);
-    if (!stmt) return false;
-    const auto& dates = DateColumns(row.table);
+    sqlite3_stmt* stmt = nullptr;
+    if (previous && lastInsert_ && SameShape(row, *previous)) {
+      stmt = lastInsert_;
+    } else {
+      stmt = Prepare(InsertText(row), owned, error);
+      if (!stmt) return false;
+      lastInsert_ = owned ? nullptr : stmt;
+      lastDates_ = &DateColumns(row.table);
+    }
+    const auto& dates = *lastDates_;
     for (std::size_t k = 0; k < row.cells.size(); ++k) {
       const int slot = static_cast<int>(k) + 1;
       const Cell& cell = row.cells[k].second;
@@ -317,7 +333,6 @@ class SqliteConnection final : public Connection {
     if (rc != SQLITE_DONE) error = sqlite3_errmsg(db_.get());
     sqlite3_reset(stmt);
     sqlite3_clear_bindings(stmt);
-    (void)previous;
     return rc == SQLITE_DONE;
   }
 
@@ -328,6 +343,8 @@ class SqliteConnection final : public Connection {
   ino_t inode_ = 0;
   StatementCache cache_;
   std::map<std::string, std::set<std::string>> dateColumns_;
+  sqlite3_stmt* lastInsert_ = nullptr;  // valid within one Insert call
+  const std::set<std::string>* lastDates_ = nullptr;
 };
 
 bool AcceptsSqlite(const ConnectionString& parsed) {

@@ -1,0 +1,46 @@
+// Runs the benchmarks and prints each petrodb path as a ratio against the raw
+// engine API doing the same work in the same run. Pairs are named
+// "<Case>/petrodb" and "<Case>/raw".
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <map>
+#include <string>
+
+namespace {
+
+class RatioReporter : public benchmark::ConsoleReporter {
+ public:
+  void ReportRuns(const std::vector<Run>& runs) override {
+    ConsoleReporter::ReportRuns(runs);
+    for (const auto& run : runs)
+      if (run.run_type == Run::RT_Iteration && !run.error_occurred)
+        times_[run.benchmark_name()] = run.GetAdjustedRealTime();
+  }
+  void PrintRatios() const {
+    std::printf("\n%-44s %14s %14s %8s\n", "case", "petrodb", "raw", "ratio");
+    for (const auto& [name, time] : times_) {
+      const auto slash = name.find("/petrodb");
+      if (slash == std::string::npos) continue;
+      const std::string rawName = name.substr(0, slash) + "/raw" + name.substr(slash + 8);
+      const auto raw = times_.find(rawName);
+      if (raw == times_.end() || raw->second <= 0) continue;
+      std::printf("%-44s %14.1f %14.1f %8.2f\n", name.substr(0, slash).c_str(), time, raw->second,
+                  time / raw->second);
+    }
+  }
+
+ private:
+  std::map<std::string, double> times_;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  benchmark::Initialize(&argc, argv);
+  RatioReporter reporter;
+  benchmark::RunSpecifiedBenchmarks(&reporter);
+  reporter.PrintRatios();
+  benchmark::Shutdown();
+  return 0;
+}

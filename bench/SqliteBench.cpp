@@ -1,0 +1,270 @@
+// Local project files: the session against the SQLite C API.
+#include <benchmark/benchmark.h>
+#include <sqlite3.h>
+
+#include <cstring>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "dbaccess/DataObject.h"
+#include "dbaccess/DbManage.h"
+#include "dbaccess/Pool.h"
+#include "petrodb/Host.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kRows = 100000;
+constexpr int kArray = 1000000;
+
+const char* kColumns[] = {"ProjectName", "WellID", "WellName", "WellType", "Well_SN", "Well_EW",
+                          "WellFlag",    "WellSymbol", "Kb",   "Ekb",      "WellDepth"};
+
+// One project file for the whole run, made from the template with a wide table.
+struct BenchProject {
+  std::string file, connection;
+  sqlite3* raw = nullptr;
+
+  BenchProject() {
+    const fs::path dir = fs::temp_directory_path() / ("petrodb-bench-" + std::to_string(::getpid()));
+    fs::create_directories(dir);
+    file = (dir / "Bench.mdb").string();
+    fs::copy_file(fs::path(petrodb::ProgramDirectory()) / "Projects.mdb", file, fs::copy_options::overwrite_existing);
+    connection = "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + file;
+    sqlite3_open(file.c_str(), &raw);
+    sqlite3_exec(raw,
+                 "pragma journal_mode=wal; pragma synchronous=full;"
+                 "create table bench_rows (ProjectName text collate nocase, WellID text collate nocase, WellName text "
+                 "collate nocase, WellType text collate nocase, Well_SN real, Well_EW real, WellFlag text, WellSymbol "
+                 "integer, Kb real, Ekb real, WellDepth real);"
+                 "create table bench_arrays (Name text, Data blob);",
+                 nullptr, nullptr, nullptr);
+    sqlite3_exec(raw, "insert into b_project_data (ProjectName, Description) values ('P', 'bench')", nullptr,
+                 nullptr, nullptr);
+  }
+  ~BenchProject() {
+    petrodb::db::ClearConnectionPool();
+    sqlite3_close(raw);
+    fs::remove_all(fs::path(file).parent_path());
+  }
+  void Clear(const char* table) {
+    sqlite3_exec(raw, (std::string("delete from ") + table).c_str(), nullptr, nullptr, nullptr);
+  }
+  void FillRows() {
+    Clear("bench_rows");
+    sqlite3_exec(raw, "begin", nullptr, nullptr, nullptr);
+    sqlite3_stmt* s = nullptr;
+    sqlite3_prepare_v2(raw, "insert into bench_rows values ('P', ?1, ?1, 'oil', ?2, ?2, '1', 3, 10.5, 9.5, 2000)", -1,
+                       &s, nullptr);
+    for (int i = 0; i < kRows; ++i) {
+      const std::string id = "W" + std::to_string(i);
+      sqlite3_bind_text(s, 1, id.c_str(), -1, SQLITE_TRANSIENT);
+      sqlite3_bind_double(s, 2, i * 1.5);
+      sqlite3_step(s);
+      sqlite3_reset(s);
+    }
+    sqlite3_finalize(s);
+    sqlite3_exec(raw, "commit", nullptr, nullptr, nullptr);
+  }
+};
+
+BenchProject& Project() {
+  static BenchProject project;
+  return project;
+}
+
+// An operation's session: take from the pool, one select, read a row, return.
+void Session_petrodb(benchmark::State& state) {
+  auto& p = Project();
+  std::string description;
+  for (auto _ : state) {
+    CDbManage db(p.connection.c_str());
+    db.GetDataFromDB("select * from b_project_data where ProjectName='P'");
+    db.GetFieldValue("Description", description);
+    benchmark::DoNotOptimize(description);
+  }
+}
+void Session_raw(benchmark::State& state) {
+  auto& p = Project();
+  sqlite3_stmt* s = nullptr;
+  sqlite3_prepare_v2(p.raw, "select * from b_project_data where ProjectName='P'", -1, &s, nullptr);
+  std::string description;
+  for (auto _ : state) {
+    sqlite3_step(s);
+    description = reinterpret_cast<const char*>(sqlite3_column_text(s, 1));
+    sqlite3_reset(s);
+    benchmark::DoNotOptimize(description);
+  }
+  sqlite3_finalize(s);
+}
+
+// BeginSaveData, AddNew x 100,000, SaveData of 11-column rows.
+void SaveBatch_petrodb(benchmark::State& state) {
+  auto& p = Project();
+  std::vector<std::string> ids;
+  for (int i = 0; i < kRows; ++i) ids.push_back("W" + std::to_string(i));
+  for (auto _ : state) {
+    state.PauseTiming();
+    p.Clear("bench_rows");
+    state.ResumeTiming();
+    CDbManage db(p.connection.c_str());
+    db.BeginSaveData("bench_rows");
+    for (int i = 0; i < kRows; ++i) {
+      db.AddNew();
+      petrodb::FieldWriter out(db);
+      out("ProjectName", "P")("WellID", ids[i])("WellName", ids[i])("WellType", "oil")(
+          "Well_SN", i * 1.5)("Well_EW", i * 1.5)("WellFlag", '1')("WellSymbol", 3)("Kb", 10.5)("Ekb", 9.5)(
+          "WellDepth", 2000.0);
+    }
+    if (!db.SaveData()) state.SkipWithError("SaveData failed");
+  }
+  state.SetItemsProcessed(state.iterations() * kRows);
+}
+void SaveBatch_raw(benchmark::State& state) {
+  auto& p = Project();
+  std::vector<std::string> ids;
+  for (int i = 0; i < kRows; ++i) ids.push_back("W" + std::to_string(i));
+  for (auto _ : state) {
+    state.PauseTiming();
+    p.Clear("bench_rows");
+    state.ResumeTiming();
+    sqlite3_stmt* s = nullptr;
+    sqlite3_prepare_v2(p.raw, "insert into bench_rows values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)", -1, &s, nullptr);
+    sqlite3_exec(p.raw, "begin immediate", nullptr, nullptr, nullptr);
+    for (int i = 0; i < kRows; ++i) {
+      sqlite3_bind_text(s, 1, "P", -1, SQLITE_STATIC);
+      sqlite3_bind_text(s, 2, ids[i].c_str(), static_cast<int>(ids[i].size()), SQLITE_STATIC);
+      sqlite3_bind_text(s, 3, ids[i].c_str(), static_cast<int>(ids[i].size()), SQLITE_STATIC);
+      sqlite3_bind_text(s, 4, "oil", -1, SQLITE_STATIC);
+      sqlite3_bind_double(s, 5, i * 1.5);
+      sqlite3_bind_double(s, 6, i * 1.5);
+      sqlite3_bind_text(s, 7, "1", 1, SQLITE_STATIC);
+      sqlite3_bind_int(s, 8, 3);
+      sqlite3_bind_double(s, 9, 10.5);
+      sqlite3_bind_double(s, 10, 9.5);
+      sqlite3_bind_double(s, 11, 2000.0);
+      sqlite3_step(s);
+      sqlite3_reset(s);
+    }
+    sqlite3_exec(p.raw, "commit", nullptr, nullptr, nullptr);
+    sqlite3_finalize(s);
+  }
+  state.SetItemsProcessed(state.iterations() * kRows);
+}
+
+struct Row {
+  std::string project, id, name, type;
+  double sn = 0, ew = 0, kb = 0, ekb = 0, depth = 0;
+  char flag = 0;
+  int symbol = 0;
+};
+
+// Reading 100,000 rows by column name, against reading them by index.
+void ReadRows_petrodb(benchmark::State& state) {
+  auto& p = Project();
+  p.FillRows();
+  std::vector<Row> rows;
+  for (auto _ : state) {
+    rows.clear();
+    CDbManage db(p.connection.c_str());
+    petrodb::ForEachRow(db, "select * from bench_rows", false, [&](CDbManage& d) {
+      Row r;
+      petrodb::FieldReader in(d);
+      in("ProjectName", r.project)("WellID", r.id)("WellName", r.name)("WellType", r.type)(
+          "Well_SN", r.sn)("Well_EW", r.ew)("WellFlag", r.flag)("WellSymbol", r.symbol)("Kb", r.kb)("Ekb", r.ekb)(
+          "WellDepth", r.depth);
+      rows.push_back(std::move(r));
+      return true;
+    });
+    benchmark::DoNotOptimize(rows.data());
+  }
+  state.SetItemsProcessed(state.iterations() * kRows);
+}
+void ReadRows_raw(benchmark::State& state) {
+  auto& p = Project();
+  p.FillRows();
+  std::vector<Row> rows;
+  sqlite3_stmt* s = nullptr;
+  sqlite3_prepare_v2(p.raw, "select * from bench_rows", -1, &s, nullptr);
+  auto text = [&](int i) { return std::string(reinterpret_cast<const char*>(sqlite3_column_text(s, i))); };
+  for (auto _ : state) {
+    rows.clear();
+    while (sqlite3_step(s) == SQLITE_ROW) {
+      Row r;
+      r.project = text(0);
+      r.id = text(1);
+      r.name = text(2);
+      r.type = text(3);
+      r.sn = sqlite3_column_double(s, 4);
+      r.ew = sqlite3_column_double(s, 5);
+      r.flag = text(6)[0];
+      r.symbol = sqlite3_column_int(s, 7);
+      r.kb = sqlite3_column_double(s, 8);
+      r.ekb = sqlite3_column_double(s, 9);
+      r.depth = sqlite3_column_double(s, 10);
+      rows.push_back(std::move(r));
+    }
+    sqlite3_reset(s);
+    benchmark::DoNotOptimize(rows.data());
+  }
+  sqlite3_finalize(s);
+  state.SetItemsProcessed(state.iterations() * kRows);
+}
+
+// A 1,000,000-double array written and read back.
+void Array_petrodb(benchmark::State& state) {
+  auto& p = Project();
+  std::vector<double> values(kArray, 1.25), back;
+  for (auto _ : state) {
+    {
+      CDbManage db(p.connection.c_str());
+      db.ExecuteSQL("delete from bench_arrays");
+      db.BeginSaveData("bench_arrays");
+      db.AddNew();
+      petrodb::FieldWriter out(db);
+      out("Name", "a")("Data", values);
+      db.SaveData();
+    }
+    CDbManage db(p.connection.c_str());
+    db.GetDataFromDB("select * from bench_arrays", true);
+    petrodb::FieldReader in(db);
+    in("Data", back);
+    if (back.size() != values.size()) state.SkipWithError("array lost");
+  }
+  state.SetBytesProcessed(state.iterations() * kArray * sizeof(double) * 2);
+}
+void Array_raw(benchmark::State& state) {
+  auto& p = Project();
+  std::vector<double> values(kArray, 1.25), back;
+  for (auto _ : state) {
+    sqlite3_exec(p.raw, "delete from bench_arrays", nullptr, nullptr, nullptr);
+    sqlite3_stmt* s = nullptr;
+    sqlite3_prepare_v2(p.raw, "insert into bench_arrays (Name, Data) values ('a', ?)", -1, &s, nullptr);
+    sqlite3_exec(p.raw, "begin immediate", nullptr, nullptr, nullptr);
+    sqlite3_bind_blob64(s, 1, values.data(), values.size() * sizeof(double), SQLITE_STATIC);
+    sqlite3_step(s);
+    sqlite3_exec(p.raw, "commit", nullptr, nullptr, nullptr);
+    sqlite3_finalize(s);
+    sqlite3_prepare_v2(p.raw, "select * from bench_arrays", -1, &s, nullptr);
+    sqlite3_step(s);
+    const int bytes = sqlite3_column_bytes(s, 1);
+    back.resize(bytes / sizeof(double));
+    std::memcpy(back.data(), sqlite3_column_blob(s, 1), bytes);
+    sqlite3_finalize(s);
+    if (back.size() != values.size()) state.SkipWithError("array lost");
+  }
+  state.SetBytesProcessed(state.iterations() * kArray * sizeof(double) * 2);
+}
+
+BENCHMARK(Session_petrodb)->Name("Session/petrodb");
+BENCHMARK(Session_raw)->Name("Session/raw");
+BENCHMARK(SaveBatch_petrodb)->Name("SaveBatch100k/petrodb")->Unit(benchmark::kMillisecond)->Iterations(5);
+BENCHMARK(SaveBatch_raw)->Name("SaveBatch100k/raw")->Unit(benchmark::kMillisecond)->Iterations(5);
+BENCHMARK(ReadRows_petrodb)->Name("ReadRows100kByName/petrodb")->Unit(benchmark::kMillisecond)->Iterations(5);
+BENCHMARK(ReadRows_raw)->Name("ReadRows100kByName/raw")->Unit(benchmark::kMillisecond)->Iterations(5);
+BENCHMARK(Array_petrodb)->Name("Array1M/petrodb")->Unit(benchmark::kMillisecond)->Iterations(10);
+BENCHMARK(Array_raw)->Name("Array1M/raw")->Unit(benchmark::kMillisecond)->Iterations(10);
+
+}  // namespace
