@@ -1,0 +1,168 @@
+// System parameters, user accounts and organisational unit codes.
+#include <algorithm>
+
+#include "TestSupport.h"
+#include "dbaccess/Schema.h"
+#include "petrodb/project/ISysConfig.h"
+#include "petrodb/project/IUnitCode.h"
+#include "petrodb/project/IUserCode.h"
+
+namespace petrodb::test {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class UserUnitTest : public ProjectTest {
+ protected:
+  void SetUp() override {
+    ProjectTest::SetUp();
+    config_ = Make<ISysConfig>("ISysConfig");
+    users_ = Make<IUserCode>("IUserCode");
+    units_ = Make<IUnitCode>("IUnitCode");
+    ASSERT_TRUE(config_ && users_ && units_);
+  }
+  UnitRecord Unit(const char* prefix, const char* name, const char* parentName) {
+    return UnitRecord{prefix, name, parentName, "memo"};
+  }
+  std::unique_ptr<ISysConfig> config_;
+  std::unique_ptr<IUserCode> users_;
+  std::unique_ptr<IUnitCode> units_;
+};
+
+TEST_F(UserUnitTest, SysConfigSaveReplacesTheRow) {
+  ASSERT_TRUE(config_->SaveSysConfig(SysConfigRecord{"DEPTH", "depth unit", "int", "m", '1'}));
+  ASSERT_TRUE(config_->SaveSysConfig(SysConfigRecord{"DEPTH", "depth unit", "int", "ft", '0'}));
+  EXPECT_EQ(Query("select Memo from b_sys_config"), Texts{"ft"});
+  SysConfigRecord r;
+  sql_.clear();
+  ASSERT_TRUE(config_->LoadSysConfig("DEPTH", r));
+  EXPECT_EQ(sql_.texts(), Texts{"select * from b_sys_config where ParamCode = 'DEPTH'"});
+  EXPECT_EQ(r.ParamName, "depth unit");
+  EXPECT_EQ(r.Isactive, '0');
+  EXPECT_TRUE(config_->IsSysConfigExist("DEPTH"));
+  sql_.clear();
+  EXPECT_TRUE(config_->DeleteSysConfig("DEPTH"));
+  EXPECT_EQ(sql_.texts("ExecuteSQL"), Texts{"delete from b_sys_config where ParamCode = 'DEPTH'"});
+  EXPECT_FALSE(config_->IsSysConfigExist("DEPTH"));
+
+  // A NULL Isactive cannot be read as a char.
+  Exec("insert into b_sys_config (ParamCode, ParamName, ParamType, Memo) values ('X', 'n', 't', 'm')");
+  EXPECT_FALSE(config_->LoadSysConfig("X", r));
+  EXPECT_TRUE(messages_.texts().empty());
+}
+
+TEST_F(UserUnitTest, EmptyKeysAndMissingTablesAreRefusedWithTheirMessages) {
+  EXPECT_FALSE(config_->SaveSysConfig(SysConfigRecord{}));
+  EXPECT_FALSE(config_->DeleteSysConfig(""));
+  EXPECT_FALSE(users_->SaveUser(UserRecord{}));
+  EXPECT_FALSE(users_->DeleteUser(""));
+  EXPECT_FALSE(units_->SaveUnitCode(UnitRecord{}));
+  EXPECT_FALSE(units_->DeleteUnitCode(""));
+  Exec("drop table b_sys_config");
+  Exec("drop table b_user_code");
+  Exec("drop table b_unit_code");
+  EXPECT_FALSE(config_->SaveSysConfig(SysConfigRecord{"A", "", "", "", '1'}));
+  EXPECT_FALSE(users_->SaveUser(UserRecord{"a", "", "", "", ""}));
+  EXPECT_FALSE(units_->SaveUnitCode(Unit("1", "x", "")));
+  EXPECT_FALSE(config_->DeleteSysConfig("A"));  // silent
+  EXPECT_FALSE(config_->IsSysConfigExist("A"));
+  EXPECT_EQ(messages_.texts(), (Texts{"系统参数代码名不能为空！", "系统参数代码名不能为空！", "用户登录名不能为空！",
+                                      "用户登录名不能为空！", "单位代码名不能为空！", "单位代码名不能为空！",
+                                      "系统基本参数配置表为空！", "用户代码表为空！", "单位代码表为空！"}));
+  for (const auto& m : messages_.messages()) {
+    EXPECT_EQ(m.style, MessageStyle::Plain);
+    EXPECT_EQ(m.caption, "错误信息");
+  }
+}
+
+TEST_F(UserUnitTest, UsersWorkThroughTheLoginAlias) {
+  const UserRecord user{"zhang", "secret 1", "张三", "rw", "10"};
+  ASSERT_TRUE(users_->SaveUser(user));
+  EXPECT_EQ(Query("select UserPwd from b_user_code"), Texts{"secret 1"});  // stored as given
+  EXPECT_TRUE(users_->IsUserExist("zhang"));
+  ASSERT_TRUE(users_->SaveUser(UserRecord{"zhang", "secret 2", "张三", "r", "11"}));
+  UserRecord back;
+  sql_.clear();
+  ASSERT_TRUE(users_->LoadUser("zhang", back));
+  EXPECT_EQ(sql_.texts(), Texts{"select * from b_user_code where UserLogname = 'zhang'"});
+  EXPECT_EQ(back.UserPwd, "secret 2");
+  EXPECT_EQ(back.UserName, "张三");
+  EXPECT_EQ(back.UnitCode, "11");
+  sql_.clear();
+  EXPECT_TRUE(users_->DeleteUser("zhang"));
+  EXPECT_EQ(sql_.texts("ExecuteSQL"), Texts{"delete from b_user_code where UnitLogname = 'zhang'"});
+  EXPECT_FALSE(users_->IsUserExist("zhang"));
+  EXPECT_EQ(sql_.texts().back(), "select * from b_user_code where UnitLogname = 'zhang'");
+}
+
+TEST_F(UserUnitTest, WithoutTheAliasUsersReadAsAbsentAndSavesFail) {
+  const auto dir = MakeTempDir();
+  const std::string file = (dir / "plain.mdb").string();
+  std::string error;
+  ASSERT_TRUE(schema::CreateSqliteFile(schema::WithoutAliases(schema::Builtin()), file, error)) << error;
+  users_->SetConnection(("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + file).c_str());
+  EXPECT_FALSE(users_->SaveUser(UserRecord{"li", "pw", "李四", "r", "1"}));  // its delete fails: nothing written
+  EXPECT_TRUE(messages_.texts().empty());
+  EXPECT_FALSE(users_->IsUserExist("li"));
+  EXPECT_FALSE(users_->DeleteUser("li"));
+  UserRecord r;
+  EXPECT_FALSE(users_->LoadUser("li", r));
+  std::filesystem::remove_all(dir);
+}
+
+TEST_F(UserUnitTest, UnitCodesCountOnUnderAPrefix) {
+  sql_.clear();
+  ASSERT_TRUE(units_->SaveUnitCode(Unit("1", "company", "")));
+  const auto first = sql_.texts();
+  EXPECT_NE(std::find(first.begin(), first.end(), "select count(*) as A from b_unit_code where UnitCode like '1%' "),
+            first.end());
+  EXPECT_NE(std::find(first.begin(), first.end(), "delete from b_unit_code where UnitCode = '10'"), first.end());
+  ASSERT_TRUE(units_->SaveUnitCode(Unit("1", "office a", "company")));
+  sql_.clear();
+  ASSERT_TRUE(units_->SaveUnitCode(Unit("1", "office b", "company")));
+  const auto sent = sql_.texts("GetDataFromDB");
+  EXPECT_NE(std::find(sent.begin(), sent.end(),
+                      "select UnitCode from b_unit_code where UnitCode like '1%'   order by UnitCode desc "),
+            sent.end());
+  EXPECT_NE(std::find(sent.begin(), sent.end(), "select UnitCode from b_unit_code where  UnitName ='company'"),
+            sent.end());
+  EXPECT_EQ(Query("select UnitCode from b_unit_code order by UnitCode"), (Texts{"10", "11", "12"}));
+  EXPECT_EQ(Query("select ParentCode from b_unit_code order by UnitCode"), (Texts{"", "10", "10"}));
+
+  UnitRecord r;
+  ASSERT_TRUE(units_->LoadUnitCode("11", r));
+  EXPECT_EQ(r.UnitName, "office a");
+  EXPECT_EQ(r.ParentCode, "10");
+  EXPECT_TRUE(units_->IsUnitCodeExist("12"));
+
+  // A parent nobody has: silent failure, the begun row is dropped.
+  EXPECT_FALSE(units_->SaveUnitCode(Unit("1", "orphan", "nobody")));
+  EXPECT_EQ(Query("select count(*) from b_unit_code"), Texts{"3"});
+  EXPECT_TRUE(messages_.texts().empty());
+
+  // Longer prefixes drop one character only: under "20" the highest code "20"
+  // loses its "2", and atoi("0") + 1 makes "201".
+  ASSERT_TRUE(units_->SaveUnitCode(Unit("2", "second", "")));
+  ASSERT_TRUE(units_->SaveUnitCode(Unit("20", "child", "")));
+  EXPECT_TRUE(units_->IsUnitCodeExist("201"));
+}
+
+TEST_F(UserUnitTest, UnitNamesByPrefixAndParent) {
+  ASSERT_TRUE(units_->SaveUnitCode(Unit("1", "company", "")));
+  ASSERT_TRUE(units_->SaveUnitCode(Unit("1", "b office", "company")));
+  ASSERT_TRUE(units_->SaveUnitCode(Unit("1", "a office", "company")));
+  ASSERT_TRUE(units_->SaveUnitCode(Unit("5", "other", "")));
+  Texts names{"stale"};
+  sql_.clear();
+  ASSERT_TRUE(units_->GetUnitNames("1", "company", names));
+  EXPECT_EQ(names, (Texts{"a office", "b office"}));
+  EXPECT_EQ(sql_.texts(), Texts{"select UnitName from b_unit_code where UnitCode like '1%' and ParentCode in ( select "
+                                "UnitCode from  b_unit_code where UnitName ='company' ) order by UnitName"});
+  ASSERT_TRUE(units_->GetUnitNames("", "", names));
+  EXPECT_EQ(names, (Texts{"a office", "b office", "company", "other"}));
+  EXPECT_FALSE(units_->GetUnitNames("9", "", names));
+  EXPECT_TRUE(names.empty());
+}
+
+}  // namespace
+}  // namespace petrodb::test
