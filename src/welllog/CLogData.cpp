@@ -364,7 +364,10 @@ bool CLogData::LoadCurveOfAllWells(const char* curveName, std::vector<WellLog>& 
         depthNames[i].push_back(depth);
         return true;
       });
+  // The depth-name subquery spans all wells, so a well may bring only a depth
+  // curve that another well's curve uses: such a well does not have the curve.
   for (std::size_t i = 0; i < found.size(); ++i) {
+    if (!found[i].Find(Text(curveName))) continue;
     found[i].Link(depthNames[i]);
     logs.push_back(std::move(found[i]));
   }

@@ -1,0 +1,232 @@
+// Log curves: sample arrays, depth-curve links, the orphan cleanup, batching.
+#include <cmath>
+#include <cstring>
+#include <limits>
+
+#include "TestSupport.h"
+#include "petrodb/welllog/ILogData.h"
+
+namespace petrodb::test {
+namespace {
+
+class LogDataTest : public ProjectTest {
+ protected:
+  void SetUp() override {
+    ProjectTest::SetUp();
+    logs_ = Make<ILogData>("ILogData");
+    ASSERT_NE(logs_, nullptr);
+  }
+  // DEPT indexes every other curve.
+  static WellLog Sample(const std::string& well, const std::vector<std::string>& curves) {
+    WellLog log;
+    log.WellID = well;
+    log.NullValue = -999.25;
+    log.Curves.push_back({"DEPT", "m", nullptr, {1000.0, 1000.5, 1001.0}});
+    for (const auto& name : curves) log.Curves.push_back({name, "api", nullptr, {1.0, 2.0, 3.0}});
+    std::vector<std::string> depth(log.Curves.size(), "DEPT");
+    log.Link(depth);
+    return log;
+  }
+  static bool SameBits(const std::vector<double>& a, const std::vector<double>& b) {
+    return a.size() == b.size() && (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof(double)) == 0);
+  }
+  static void ExpectLinkedInto(const WellLog& log) {
+    for (const auto& c : log.Curves) {
+      ASSERT_NE(c.DepthCurve, nullptr) << c.CurveName;
+      EXPECT_GE(c.DepthCurve, log.Curves.data());
+      EXPECT_LT(c.DepthCurve, log.Curves.data() + log.Curves.size());
+    }
+  }
+  std::unique_ptr<ILogData> logs_;
+};
+
+TEST_F(LogDataTest, SamplesComeBackBitForBit) {
+  WellLog log = Sample("W1", {"GR"});
+  double payloadNan;
+  const std::uint64_t bits = 0x7ff8dead0000beefULL;
+  std::memcpy(&payloadNan, &bits, sizeof bits);
+  log.Curves[1].Values = {-0.0, std::numeric_limits<double>::denorm_min(), payloadNan,
+                          std::numeric_limits<double>::infinity(), 0.1 + 0.2, -1e308};
+  log.Curves[0].Values = {1, 2, 3, 4, 5, 6};
+  ASSERT_TRUE(logs_->SaveWellLog(log));
+  WellLog back;
+  ASSERT_TRUE(logs_->LoadCurve("W1", "GR", back));
+  ASSERT_EQ(back.Curves.size(), 2u);
+  EXPECT_EQ(back.Curves[0].CurveName, "DEPT");
+  EXPECT_TRUE(SameBits(back.Curves[1].Values, log.Curves[1].Values));
+  EXPECT_EQ(back.Curves[1].Measure, "api");
+  EXPECT_EQ(back.NullValue, -999.25);
+  EXPECT_EQ(back.Curves[0].DepthCurve, &back.Curves[0]);
+  EXPECT_EQ(back.Curves[1].DepthCurve, &back.Curves[0]);
+  EXPECT_TRUE(messages_.texts().empty());
+}
+
+TEST_F(LogDataTest, SaveStatementsAndRefusals) {
+  ASSERT_TRUE(logs_->SaveWellLog(Sample("W1", {"GR", "SP"})));
+  EXPECT_EQ(sql_.texts("ExecuteSQL"), std::vector<std::string>{
+                                          "delete from  w_log_data where CurveName in ( 'DEPT','GR','SP' ) AND "
+                                          "WellID='W1'"});
+  EXPECT_EQ(Query("select DepthCurveName from w_log_data where WellID='W1' order by CurveName"),
+            (std::vector<std::string>{"DEPT", "DEPT", "DEPT"}));
+
+  WellLog empty;
+  empty.WellID = "W2";
+  EXPECT_FALSE(logs_->SaveWellLog(empty));
+  WellLog noWell = Sample("", {"GR"});
+  EXPECT_FALSE(logs_->SaveWellLog(noWell));
+  EXPECT_EQ(messages_.texts(), std::vector<std::string>{"井名称不能为空！"});
+
+  // A curve without samples stores NULL and loads as an empty array; a
+  // mismatched count is neither refused nor reported on save.
+  WellLog sparse = Sample("W3", {"GR"});
+  sparse.Curves[1].Values.clear();
+  ASSERT_TRUE(logs_->SaveWellLog(sparse));
+  EXPECT_EQ(Query("select CurveValue from w_log_data where WellID='W3' and CurveName='GR'"),
+            std::vector<std::string>{"NULL"});
+  WellLog back;
+  ASSERT_TRUE(logs_->LoadWellLog("W3", back));
+  ASSERT_NE(back.Find("GR"), nullptr);
+  EXPECT_TRUE(back.Find("GR")->Values.empty());
+  EXPECT_EQ(messages_.texts().size(), 1u);
+
+  // LoadCurve reports the mismatch and still fills the record.
+  ASSERT_TRUE(logs_->LoadCurve("W3", "GR", back));
+  EXPECT_EQ(messages_.texts().back(), "测井曲线GR的曲线数据个数与深度数据个数不同，请检查或重新加载。");
+  EXPECT_EQ(back.Curves.size(), 2u);
+}
+
+TEST_F(LogDataTest, CopiesAndAssignmentsRelinkIntoTheirOwnList) {
+  ASSERT_TRUE(logs_->SaveWellLog(Sample("W1", {"GR", "SP", "RT"})));
+  WellLog loaded;
+  ASSERT_TRUE(logs_->LoadWellLog("W1", loaded));
+  ASSERT_EQ(loaded.Curves.size(), 4u);
+  ExpectLinkedInto(loaded);
+
+  WellLog copy(loaded);
+  ExpectLinkedInto(copy);
+  EXPECT_EQ(copy.Find("GR")->DepthCurve, copy.Find("DEPT"));
+  WellLog assigned = Sample("X", {"A"});
+  assigned = loaded;
+  ExpectLinkedInto(assigned);
+  EXPECT_EQ(assigned.Find("RT")->DepthCurve->CurveName, "DEPT");
+  // Destroying the source leaves the copies intact; a growing vector of logs
+  // moves them without breaking the links.
+  loaded = WellLog();
+  std::vector<WellLog> many;
+  for (int i = 0; i < 40; ++i) many.push_back(copy);
+  for (const auto& log : many) ExpectLinkedInto(log);
+  EXPECT_EQ(many.back().Find("SP")->DepthCurve->Values, (std::vector<double>{1000.0, 1000.5, 1001.0}));
+}
+
+TEST_F(LogDataTest, LoadsReturnDepthCurvesWithTheirCurves) {
+  ASSERT_TRUE(logs_->SaveWellLog(Sample("W1", {"GR", "SP"})));
+  ASSERT_TRUE(logs_->SaveWellLog(Sample("W2", {"GR"})));
+  Exec("insert into w_well_data (ProjectName, WellID) values ('P', 'W1')");
+  Exec("insert into w_well_data (ProjectName, WellID) values ('P', 'W2')");
+
+  std::vector<std::string> names;
+  ASSERT_TRUE(logs_->GetAllCurveNames(names));
+  EXPECT_EQ(names, (std::vector<std::string>{"GR", "SP"}));
+
+  WellLog two;
+  sql_.clear();
+  ASSERT_TRUE(logs_->LoadCurves("W1", {"SP"}, two));
+  EXPECT_EQ(sql_.texts(), (std::vector<std::string>{
+                              "select * from w_log_data where WellID='W1' and CurveName in ( 'SP' )",
+                              "select * from w_log_data where WellID='W1' and CurveName in ( 'DEPT' )"}));
+  ASSERT_EQ(two.Curves.size(), 2u);
+  EXPECT_EQ(two.Find("SP")->DepthCurve, two.Find("DEPT"));
+
+  std::vector<WellLog> wells;
+  sql_.clear();
+  ASSERT_TRUE(logs_->LoadCurveOfWells({"W1", "W2"}, "GR", wells));
+  EXPECT_EQ(sql_.texts().at(1),
+            "select * from w_log_data where (WellID='W1' and CurveName='DEPT') or (WellID='W2' and "
+            "CurveName='DEPT')");
+  ASSERT_EQ(wells.size(), 2u);
+  for (const auto& log : wells) {
+    ASSERT_EQ(log.Curves.size(), 2u);
+    EXPECT_EQ(log.Curves[0].CurveName, "DEPT");
+    EXPECT_EQ(log.Curves[1].DepthCurve, &log.Curves[0]);
+  }
+
+  std::vector<WellLog> all;
+  ASSERT_TRUE(logs_->LoadCurveOfAllWells("SP", all));
+  ASSERT_EQ(all.size(), 1u);
+  EXPECT_EQ(all[0].Curves.size(), 2u);
+  ExpectLinkedInto(all[0]);
+
+  std::vector<WellLog> project;
+  ASSERT_TRUE(logs_->LoadProjectLogs("P", project));
+  EXPECT_EQ(project.size(), 2u);
+  std::vector<std::string> ids;
+  ASSERT_TRUE(logs_->GetLoggedWellIDs("P", ids));
+  EXPECT_EQ(ids, (std::vector<std::string>{"W1", "W2"}));
+}
+
+TEST_F(LogDataTest, DepthCurveGoesWithItsLastUser) {
+  ASSERT_TRUE(logs_->SaveWellLog(Sample("W1", {"GR", "SP"})));
+  sql_.clear();
+  ASSERT_TRUE(logs_->DeleteCurve("W1", "GR"));
+  EXPECT_EQ(sql_.texts(),
+            (std::vector<std::string>{
+                "w_log_data", "select DepthCurveName from w_log_data where WellID='W1' and CurveName='GR'",
+                "delete from  w_log_data where WellID='W1' and CurveName='GR'",
+                "select CurveName from w_log_data where WellID='W1' and DepthCurveName='DEPT' and CurveName<>'DEPT'",
+                "w_log_data",
+                "delete from w_log_data where wellid = 'W1' and depthcurvename not in( select distinct "
+                "depthcurvename from w_log_data b where depthcurvename <> curvename and wellid = 'W1' )"}));
+  EXPECT_EQ(Query("select CurveName from w_log_data order by CurveName"),
+            (std::vector<std::string>{"DEPT", "SP"}));
+  ASSERT_TRUE(logs_->DeleteCurve("W1", "SP"));
+  EXPECT_TRUE(Query("select CurveName from w_log_data").empty());
+
+  // An orphan left behind by a plain delete is purged by the next whole-well load.
+  ASSERT_TRUE(logs_->SaveWellLog(Sample("W2", {"GR"})));
+  ASSERT_TRUE(logs_->DeleteCurves("W2", {"GR"}));
+  EXPECT_EQ(Query("select CurveName from w_log_data"), std::vector<std::string>{"DEPT"});
+  WellLog log;
+  EXPECT_FALSE(logs_->LoadWellLog("W2", log));
+  EXPECT_TRUE(Query("select CurveName from w_log_data").empty());
+}
+
+TEST_F(LogDataTest, CheckCurvesExistSendsBatchesOfTwenty) {
+  ASSERT_TRUE(logs_->SaveWellLog(Sample("W1", {"C7", "C30"})));
+  std::vector<std::string> names;
+  for (int i = 0; i < 45; ++i) names.push_back("C" + std::to_string(i));
+  names[44] = "C7";  // a duplicate in the last batch
+  std::vector<int> flags{9};
+  sql_.clear();
+  ASSERT_TRUE(logs_->CheckCurvesExist("W1", names, flags));
+  const auto sent = sql_.texts();
+  ASSERT_EQ(sent.size(), 3u);
+  const auto count = [](const std::string& s) { return std::count(s.begin(), s.end(), ',') + 1; };
+  EXPECT_EQ(count(sent[0]), 20);
+  EXPECT_EQ(count(sent[1]), 20);
+  EXPECT_EQ(count(sent[2]), 5);
+  EXPECT_EQ(sent[2], "select CurveName from w_log_data where WellID='W1' and CurveName in('C40','C41','C42','C43','C7')");
+  ASSERT_EQ(flags.size(), 45u);
+  for (int i = 0; i < 45; ++i) EXPECT_EQ(flags[i], i == 7 || i == 30 ? 1 : 0) << i;
+}
+
+TEST_F(LogDataTest, SaveWellLogsReplacesWholeWellsWhenTheSessionCloses) {
+  ASSERT_TRUE(logs_->SaveWellLog(Sample("W1", {"OLD"})));
+  sql_.clear();
+  ASSERT_TRUE(logs_->SaveWellLogs(0, {Sample("W1", {"GR"}), Sample("W2", {"SP"})}));
+  EXPECT_TRUE(sql_.texts("SaveData").size() <= 1u);
+  EXPECT_EQ(sql_.texts("ExecuteSQL"),
+            std::vector<std::string>{"delete from  w_log_data where WellID in ('W1','W2')"});
+  EXPECT_EQ(Query("select WellID || '/' || CurveName from w_log_data order by WellID, CurveName"),
+            (std::vector<std::string>{"W1/DEPT", "W1/GR", "W2/DEPT", "W2/SP"}));
+  EXPECT_FALSE(logs_->SaveWellLogs(0, {}));
+}
+
+TEST_F(LogDataTest, AQuoteInAWellIDBreaksTheStatement) {
+  WellLog log;
+  EXPECT_FALSE(logs_->LoadWellLog("O'Neil", log));
+  EXPECT_FALSE(logs_->IsCurveExist("O'Neil", "GR"));
+  EXPECT_FALSE(logs_->DeleteWellLog("O'Neil"));
+}
+
+}  // namespace
+}  // namespace petrodb::test
