@@ -107,7 +107,6 @@ struct CDbManage::Impl {
 
   std::unique_ptr<Cursor> cursor;
   bool readStarted = false;
-  mutable std::vector<std::string> columnNames;  // filled on the first field read
   mutable int lastColumn = -1;                    // fields are mostly read in column order
 
   std::vector<PendingRow> pending;
@@ -118,22 +117,16 @@ struct CDbManage::Impl {
   void CloseCursor() {
     cursor.reset();
     readStarted = false;
-    columnNames.clear();
     lastColumn = -1;
   }
 
   int ColumnIndex(const char* name) const {
     if (!cursor || !name) return -1;
-    if (columnNames.empty()) {
-      const int n = cursor->ColumnCount();
-      columnNames.reserve(n);
-      for (int i = 0; i < n; ++i) columnNames.emplace_back(cursor->ColumnName(i));
-    }
-    const int n = static_cast<int>(columnNames.size());
+    const int n = cursor->ColumnCount();
     const int hint = lastColumn + 1;
-    if (hint < n && petrodb::sql::EqualsIgnoreCase(columnNames[hint], name)) return lastColumn = hint;
+    if (hint < n && petrodb::sql::EqualsIgnoreCase(cursor->ColumnName(hint), name)) return lastColumn = hint;
     for (int i = 0; i < n; ++i)
-      if (petrodb::sql::EqualsIgnoreCase(columnNames[i], name)) return lastColumn = i;
+      if (petrodb::sql::EqualsIgnoreCase(cursor->ColumnName(i), name)) return lastColumn = i;
     return -1;
   }
 

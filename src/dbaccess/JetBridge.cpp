@@ -153,13 +153,26 @@ std::string NormaliseDateText(const std::string& text, bool dateOnlyToo) {
 }
 
 std::string NormaliseDateLiterals(const std::string& statement) {
-  if (statement.find('\'') == std::string::npos) return statement;
+  if (statement.find('\'') == std::string::npos || statement.find(':') == std::string::npos) return statement;
   return MapSegments(
       statement, [](const std::string& plain) { return plain; },
       [](const std::string& quoted) { return NormaliseDateText(quoted, false); });
 }
 
+// Most statements hold nothing Access-specific; one pass tells.
+static bool MayNeedRewrite(const std::string& s) {
+  if (s.find('#') != std::string::npos) return true;
+  if (s.find(':') != std::string::npos && s.find('\'') != std::string::npos) return true;  // a date literal
+  for (std::size_t i = 0; i + 4 <= s.size(); ++i)
+    if ((s[i] | 0x20) == 'c' && (s[i + 1] | 0x20) == 'a' && (s[i + 2] | 0x20) == 's' && (s[i + 3] | 0x20) == 'e')
+      return true;  // lcase / ucase
+  return (s.find('*') != std::string::npos && StartsWithWord(s, "delete")) ||
+         (StartsWithWord(s, "select") && sql::AsciiLower(s.substr(0, 64)).find("all") != std::string::npos) ||
+         (s.find(',') != std::string::npos && StartsWithWord(s, "update"));
+}
+
 std::string RewriteJetForSqlite(const std::string& statement) {
+  if (!MayNeedRewrite(statement)) return statement;
   std::string out = MapSegments(
       statement, [](const std::string& plain) { return RewriteHashDates(RewriteFunctionNames(plain)); },
       [](const std::string& quoted) { return NormaliseDateText(quoted, false); });
