@@ -46,12 +46,30 @@ class SqlRecorder {
   std::vector<SqlTraceEvent> events_;
 };
 
-// A fixture that gives each test a new project file made from the template, a
-// factory on it, and recorders for messages and statements.
+// The PostgreSQL server the suites run against, when the environment names one:
+// PETRODB_TEST_PG=<server connection string>, or PETRODB_TEST_PG_CLUSTER=<file
+// holding the directory of a cluster started by scripts/pg-cluster.sh>.
+// PETRODB_TEST_BACKEND=sqlite|postgres chooses explicitly.
+struct TestServer {
+  std::string connection;  // to a maintenance database on the server
+  std::string restart;     // a shell command that restarts the server ("" if unknown)
+};
+// Null when the suites run on SQLite project files.
+const TestServer* ServerUnderTest();
+// `connection` with its database replaced by `database`.
+std::string WithDatabase(const std::string& connection, const std::string& database);
+
+// A fixture that gives each test a new project (a file made from the template,
+// or on a server a database made from the backup), a factory on it, and
+// recorders for messages and statements.
 class ProjectTest : public ::testing::Test {
  protected:
   void SetUp() override;
   void TearDown() override;
+
+  // True when the project is a database on a server: there is no project file
+  // (`file_` is empty), and statements speak the server dialect.
+  bool onServer() const { return !database_.empty(); }
 
   // Creates the object for an interface, connected to the test's project.
   template <class Interface>
@@ -72,13 +90,20 @@ class ProjectTest : public ::testing::Test {
   std::vector<std::string> Query(const std::string& sql);
   void Exec(const std::string& sql);
 
-  std::filesystem::path dir_;
-  std::string file_;
+  std::filesystem::path dir_;  // a scratch directory, on every backend
+  std::string file_;           // the project file; empty on a server
+  std::string database_;       // the project database on a server; empty for a file
   std::string connection_;
   IDataFactory* factory_ = nullptr;
   MessageRecorder messages_;
   SqlRecorder sql_;
 };
+
+// Skips a test that needs a project file when the project is on a server.
+#define PETRODB_SKIP_ON_SERVER()                                             \
+  do {                                                                       \
+    if (onServer()) GTEST_SKIP() << "needs a project file, not a server database"; \
+  } while (0)
 
 // A new empty directory under the system's temporary directory.
 std::filesystem::path MakeTempDir();

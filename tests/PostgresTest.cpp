@@ -1,0 +1,278 @@
+// The PostgreSQL backend: what differs from a project file: the server
+// catalogue statements, connection recovery, batches through COPY, server
+// cursors for whole-table reads, and the Access texts a server refuses.
+#include <cmath>
+#include <cstdlib>
+#include <limits>
+
+#include "TestSupport.h"
+#include "dbaccess/ConnectionString.h"
+#include "dbaccess/DbManage.h"
+#include "dbaccess/Pool.h"
+#include "dbaccess/SqlText.h"
+#include "petrodb/project/IBasicProjectData.h"
+
+namespace petrodb::test {
+namespace {
+
+class PostgresTest : public ProjectTest {
+ protected:
+  void SetUp() override {
+    ProjectTest::SetUp();
+    if (!onServer()) GTEST_SKIP() << "needs a PostgreSQL server (PETRODB_TEST_PG)";
+    Exec("create table t_pg (k text, n double precision, i integer, d timestamp(0), a bytea)");
+  }
+
+  // The backend's own process id for the connection the pool hands out next.
+  std::string PooledBackendPid() { return Query("select pg_backend_pid()").at(0); }
+
+  // Writes `count` rows in one save (long batches go through COPY).
+  bool SaveRows(int count, const std::function<void(CDbManage&, int)>& fill) {
+    CDbManage db(connection_.c_str());
+    if (!db.BeginSaveData("t_pg")) return false;
+    for (int i = 0; i < count; ++i) {
+      db.AddNew();
+      fill(db, i);
+    }
+    return db.SaveData();
+  }
+};
+
+TEST_F(PostgresTest, AccessOnlyTextsFailAsOnAServer) {
+  CDbManage db(connection_.c_str());
+  Exec("insert into t_pg (k) values ('a')");
+  sql_.clear();
+  EXPECT_FALSE(db.ExecuteSQL("delete * from t_pg"));
+  EXPECT_EQ(db.GetDataFromDB("select * from t_pg where d < #2024-01-01#"), kFailed);
+  EXPECT_EQ(db.GetDataFromDB("select lcase(k) as k from t_pg"), kFailed);
+  // Sent as written: nothing rewrote them.
+  ASSERT_EQ(sql_.events().size(), 3u);
+  for (const auto& e : sql_.events()) EXPECT_TRUE(e.sent.empty()) << e.sent;
+  EXPECT_EQ(Query("select k from t_pg"), std::vector<std::string>{"a"});
+  EXPECT_TRUE(db.ExecuteSQL("delete from t_pg"));
+  EXPECT_TRUE(Query("select k from t_pg").empty());
+}
+
+TEST_F(PostgresTest, TextComparesIgnoringCaseAndColumnsReadByAnyCase) {
+  Exec("insert into b_project_data (ProjectName) values ('Field')");
+  CDbManage db(connection_.c_str());
+  ASSERT_EQ(db.GetDataFromDB("select ProjectName from b_project_data where ProjectName='FIELD'"), kRowsFound);
+  std::string name;
+  EXPECT_TRUE(db.GetFieldValue("PROJECTNAME", name));
+  EXPECT_EQ(name, "Field");
+  EXPECT_EQ(db.GetDataFromDB("select ProjectName from b_project_data where ProjectName in ('x', 'field')"),
+            kRowsFound);
+}
+
+TEST_F(PostgresTest, SysdatabasesLooksUpTheServerCatalogue) {
+  CDbManage db(connection_.c_str());
+  sql_.clear();
+  const std::string own = sql::Format("select * from sysdatabases where name='%s'", database_);
+  EXPECT_EQ(db.GetDataFromDB(own.c_str()), kRowsFound);
+  std::string name;
+  EXPECT_TRUE(db.GetFieldValue("name", name));
+  EXPECT_EQ(name, database_);
+  EXPECT_EQ(db.GetDataFromDB("select * from sysdatabases where name='petrodb_no_such_db'"), kNoRows);
+  std::string shouting = database_;
+  for (char& c : shouting) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+  EXPECT_EQ(db.GetDataFromDB(sql::Format("select * from sysdatabases where name='%s'", shouting).c_str()), kRowsFound);
+  ASSERT_FALSE(sql_.events().empty());
+  EXPECT_EQ(sql_.events()[0].sent, "select datname as name from pg_catalog.pg_database where lower(datname) = lower('" +
+                                       database_ + "')");
+}
+
+TEST_F(PostgresTest, ADroppedIdleConnectionIsReplacedBeforeTheNextOperation) {
+  const std::string pid = PooledBackendPid();
+  const long opened = db::ConnectionsOpened();
+  // The server ends the pooled connection while it lies idle.
+  {
+    std::string error;
+    auto admin = db::AcquireConnection(ServerUnderTest()->connection, error);
+    ASSERT_TRUE(admin) << error;
+    auto cursor = admin->Query("select pg_terminate_backend(" + pid + ")", error);
+    ASSERT_TRUE(cursor && cursor->OnRow()) << error;
+    cursor.reset();
+    db::ReleaseConnection(ServerUnderTest()->connection, std::move(admin));
+  }
+  for (int i = 0; i < 200 && !Query("select 1 from pg_stat_activity where pid = " + pid).empty(); ++i) usleep(10000);
+  auto projects = Make<IBasicProjectData>("IBasicProjectData");
+  ProjectRecord r{};
+  r.ProjectName = "Field";
+  EXPECT_TRUE(projects->SaveProject(r));
+  EXPECT_TRUE(projects->IsProjectExist("Field"));
+  EXPECT_GT(db::ConnectionsOpened(), opened);
+  EXPECT_NE(PooledBackendPid(), pid);
+}
+
+TEST_F(PostgresTest, LongBatchesRoundTripEveryKindOfValue) {
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  auto text = [](int i) { return "row\t" + std::to_string(i) + "\\ \n'line' 中文"; };
+  ASSERT_TRUE(SaveRows(300, [&](CDbManage& db, int i) {
+    db.SetFieldValue("k", text(i));
+    if (i % 3) db.SetFieldValue("n", i == 1 ? nan : i * 0.1);
+    db.SetFieldValue("i", i);
+    db.SetFieldValue("d", sql::Format("%d-%d-%d %d:%d:%d", 2024, 1 + i % 12, 1 + i % 28, i % 24, i % 60, 5).c_str());
+    std::vector<double> values(i % 4 == 0 ? 0 : i, -0.0);
+    if (!values.empty()) values.back() = i;
+    Variant v;
+    DoubleArrayToVariant(values.data(), static_cast<int>(values.size()), v);
+    if (i % 5) db.SetFieldValue("a", v);
+  }));
+  CDbManage db(connection_.c_str());
+  ASSERT_EQ(db.GetDataFromDB("select * from t_pg order by i"), kRowsFound);
+  int count = 0;
+  while (db.Read()) {
+    const int i = count++;
+    std::string k, d;
+    int stored = -1;
+    double n = 0;
+    ASSERT_TRUE(db.GetFieldValue("k", k));
+    EXPECT_EQ(k, text(i));
+    ASSERT_TRUE(db.GetFieldValue("i", stored));
+    EXPECT_EQ(stored, i);
+    EXPECT_EQ(db.GetFieldValue("n", n), i % 3 != 0) << i;
+    if (i == 1) {
+      EXPECT_TRUE(std::isnan(n));
+    } else if (i % 3) {
+      EXPECT_EQ(n, i * 0.1);
+    }
+    ASSERT_TRUE(db.GetFieldValue("d", d));
+    EXPECT_EQ(d, sql::Format("2024-%02d-%02d %02d:%02d:05", 1 + i % 12, 1 + i % 28, i % 24, i % 60));
+    Variant v;
+    EXPECT_EQ(db.GetFieldValue("a", v), i % 5 != 0) << i;
+    std::vector<double> values;
+    if (i % 5) {
+      ASSERT_TRUE(VariantToDoubleArray(v, values));
+      ASSERT_EQ(values.size(), i % 4 == 0 ? 0u : static_cast<std::size_t>(i));
+      if (!values.empty()) {
+        EXPECT_EQ(values.back(), i);
+        EXPECT_TRUE(values.size() == 1 || std::signbit(values.front()));
+      }
+    }
+  }
+  EXPECT_EQ(count, 300);
+}
+
+TEST_F(PostgresTest, AFailingLongBatchWritesNothing) {
+  EXPECT_FALSE(SaveRows(100, [](CDbManage& db, int i) {
+    db.SetFieldValue("k", "x");
+    if (i == 70) db.SetFieldValue("n", "not a number");
+    else db.SetFieldValue("n", 1.0);
+  }));
+  EXPECT_EQ(Query("select count(*) from t_pg"), std::vector<std::string>{"0"});
+  // The connection goes on working after the failed batch.
+  EXPECT_TRUE(SaveRows(20, [](CDbManage& db, int i) { db.SetFieldValue("k", "y"); }));
+  EXPECT_EQ(Query("select count(*) from t_pg"), std::vector<std::string>{"20"});
+}
+
+TEST_F(PostgresTest, ABareTableNameReadsThroughAServerCursor) {
+  ASSERT_TRUE(SaveRows(5000, [](CDbManage& db, int i) { db.SetFieldValue("i", i); }));
+  {
+    // Reading every row crosses several slices, each row once.
+    CDbManage db(connection_.c_str());
+    ASSERT_EQ(db.GetDataFromDB("t_pg"), kRowsFound);
+    long long sum = 0;
+    int count = 0;
+    while (db.Read()) {
+      int i = 0;
+      ASSERT_TRUE(db.GetFieldValue("i", i));
+      sum += i;
+      ++count;
+    }
+    EXPECT_EQ(count, 5000);
+    EXPECT_EQ(sum, 4999LL * 5000 / 2);
+    // A probe left standing ends with the next statement; no transaction stays open.
+    ASSERT_EQ(db.GetDataFromDB("t_pg"), kRowsFound);
+    EXPECT_TRUE(db.ExecuteSQL("delete from t_pg where i < 10"));
+    EXPECT_EQ(db.GetDataFromDB("T_PG"), kRowsFound);
+  }
+  EXPECT_EQ(Query("select count(*) from t_pg"), std::vector<std::string>{"4990"});
+  EXPECT_EQ(Query("select count(*) from pg_stat_activity where datname = current_database() and state like 'idle in%'"),
+            std::vector<std::string>{"0"});
+  CDbManage db(connection_.c_str());
+  EXPECT_EQ(db.GetDataFromDB("no_such_table"), kFailed);
+  EXPECT_EQ(db.GetDataFromDB("t_pg"), kRowsFound);  // the failed probe left no aborted transaction
+}
+
+TEST_F(PostgresTest, ServerStyleKeysAndMaskedPasswords) {
+  const db::ConnectionString parsed(ServerUnderTest()->connection);
+  const std::string sqlServerStyle = "Provider=PostgreSQL;Data Source=" + parsed.Get("Host") + "," + parsed.Get("Port") +
+                                     ";Initial Catalog=" + database_ + ";User ID=" + parsed.Get("User ID");
+  CDbManage db(sqlServerStyle.c_str());
+  EXPECT_EQ(db.GetDataFromDB("select current_database() as name"), kRowsFound);
+  std::string name;
+  EXPECT_TRUE(db.GetFieldValue("name", name));
+  EXPECT_EQ(name, database_);
+
+  const std::string secret = "Provider=PostgreSQL;Host=/nonexistent-petrodb;Port=1;Database=x;User ID=u;Password=S3cret!";
+  std::string error;
+  EXPECT_FALSE(db::AcquireConnection(secret, error));
+  EXPECT_EQ(error.find("S3cret!"), std::string::npos) << error;
+  CDbManage refused(secret.c_str());
+  sql_.clear();
+  EXPECT_EQ(refused.GetDataFromDB("select 1"), kFailed);
+  for (const auto& e : sql_.events()) EXPECT_EQ((e.text + e.sent).find("S3cret!"), std::string::npos);
+  EXPECT_EQ(db::ConnectionString::Masked(secret).find("S3cret!"), std::string::npos);
+}
+
+TEST_F(PostgresTest, CreateProjectDatabaseRestoresTheBackupOnceOnly) {
+  const std::string server = ServerUnderTest()->connection;
+  const std::string name = "petrodb_new_" + std::to_string(::getpid());
+  auto projects = Make<IBasicProjectData>("IBasicProjectData");
+  int begun = 0, ended = 0;
+  SetProgressHandler({[&](const std::string&) { ++begun; }, [&] { ++ended; }});
+  sql_.clear();
+  const bool created = projects->CreateProjectDatabase(name.c_str(), server.c_str());
+  const auto events = sql_.events();
+  const auto firstMessages = messages_.texts();
+  messages_.clear();
+  const bool again = projects->CreateProjectDatabase(name.c_str(), server.c_str());
+  SetProgressHandler({});
+  // The new database holds the project tables, empty.
+  std::vector<std::string> rows;
+  {
+    std::string error;
+    auto conn = db::AcquireConnection(WithDatabase(server, name), error);
+    ASSERT_TRUE(conn) << error;
+    auto cursor = conn->Query("select count(*) from b_project_data", error);
+    EXPECT_TRUE(cursor && cursor->OnRow()) << error;
+    if (cursor && cursor->OnRow()) rows.push_back(std::to_string(cursor->Integer(0)));
+  }
+  db::ClearConnectionPool();
+  Exec(sql::Format("drop database if exists %s with (force)", name));
+
+  EXPECT_TRUE(created);
+  EXPECT_EQ(firstMessages, std::vector<std::string>{"数据库创建成功结束！"});
+  ASSERT_EQ(events.size(), 2u);
+  EXPECT_EQ(events[1].sent.rfind("create database " + name + "; \\connect " + name + "; \\i '", 0), 0u) << events[1].sent;
+  EXPECT_EQ(rows, std::vector<std::string>{"0"});
+  // A name already on the server: false at once, no message, no waiting window.
+  EXPECT_FALSE(again);
+  EXPECT_TRUE(messages_.messages().empty());
+  EXPECT_EQ(begun, 1);
+  EXPECT_EQ(ended, 1);
+}
+
+// Restarts the whole server: run alone (ctest runs it serially).
+class PostgresRestart : public ProjectTest {};
+
+TEST_F(PostgresRestart, AServerRestartBetweenTwoOperationsGoesUnnoticed) {
+  const TestServer* server = ServerUnderTest();
+  if (!server || server->restart.empty() ||
+      (std::getenv("PETRODB_TEST_PG_MAY_RESTART") == nullptr && std::getenv("PETRODB_TEST_PG_RESTART") == nullptr))
+    GTEST_SKIP() << "needs a server this test may restart";
+  auto projects = Make<IBasicProjectData>("IBasicProjectData");
+  ProjectRecord r{};
+  r.ProjectName = "Field";
+  ASSERT_TRUE(projects->SaveProject(r));
+  CDbManage held(connection_.c_str());  // a session open across the restart
+  ASSERT_EQ(std::system(server->restart.c_str()), 0);
+  EXPECT_TRUE(projects->IsProjectExist("Field"));
+  ProjectRecord loaded{};
+  EXPECT_TRUE(projects->LoadProject("Field", loaded));
+  EXPECT_EQ(held.GetDataFromDB("select ProjectName from b_project_data"), kRowsFound);
+  EXPECT_TRUE(messages_.messages().empty());
+}
+
+}  // namespace
+}  // namespace petrodb::test
