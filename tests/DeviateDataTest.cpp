@@ -1,0 +1,116 @@
+// Deviation surveys: the nine arrays, and the two saves with their different tests.
+#include <cstring>
+
+#include "TestSupport.h"
+#include "petrodb/welllog/IDeviateData.h"
+
+namespace petrodb::test {
+namespace {
+
+class DeviateDataTest : public ProjectTest {
+ protected:
+  void SetUp() override {
+    ProjectTest::SetUp();
+    surveys_ = Make<IDeviateData>("IDeviateData");
+    ASSERT_NE(surveys_, nullptr);
+  }
+  static DeviationSurvey Full(const std::string& well) {
+    DeviationSurvey s;
+    s.WellID = well;
+    s.Md = {0, 100, 200};
+    s.Azimuth = {0, 45.5, 90};
+    s.Inclination = {0, 1.25, 3};
+    s.Xoffset = {0, 0.5};  // shorter than the rest: stored as given
+    s.Yoffset = {0, 0.75, 1, 2};
+    s.Xcoor = {1e7, 1e7 + 0.5, 1e7 + 1};
+    s.Ycoor = {4e6, 4e6, 4e6};
+    s.Tvd = {0, 99.99, 199.9};
+    s.Tvdss = {-50, 49.99, 149.9};
+    return s;
+  }
+  std::unique_ptr<IDeviateData> surveys_;
+};
+
+void ExpectSame(const DeviationSurvey& a, const DeviationSurvey& b) {
+  EXPECT_EQ(a.WellID, b.WellID);
+  for (auto m : {&DeviationSurvey::Md, &DeviationSurvey::Azimuth, &DeviationSurvey::Inclination,
+                 &DeviationSurvey::Xoffset, &DeviationSurvey::Yoffset, &DeviationSurvey::Xcoor,
+                 &DeviationSurvey::Ycoor, &DeviationSurvey::Tvd, &DeviationSurvey::Tvdss})
+    EXPECT_EQ(a.*m, b.*m);
+}
+
+TEST_F(DeviateDataTest, SaveReplacesTheRowAndLoadsItBackUnchanged) {
+  ASSERT_TRUE(surveys_->SaveSurvey(Full("W1")));
+  ASSERT_TRUE(surveys_->SaveSurvey(Full("W1")));
+  EXPECT_EQ(Query("select WellID from w_deviate_well"), std::vector<std::string>{"W1"});
+  EXPECT_EQ(sql_.texts("ExecuteSQL").back(), "delete from  w_deviate_well where WellID='W1'");
+  DeviationSurvey back;
+  sql_.clear();
+  ASSERT_TRUE(surveys_->LoadSurvey("W1", back));
+  EXPECT_EQ(sql_.texts(), std::vector<std::string>{"select * from w_deviate_well where WellID='W1' "});
+  ExpectSame(back, Full("W1"));
+  EXPECT_TRUE(surveys_->IsSurveyExist("W1"));
+  EXPECT_FALSE(surveys_->IsSurveyExist("W2"));
+}
+
+TEST_F(DeviateDataTest, SavingWithoutStationsRemovesTheSurvey) {
+  ASSERT_TRUE(surveys_->SaveSurvey(Full("W1")));
+  DeviationSurvey empty = Full("W1");
+  empty.Md.clear();
+  EXPECT_TRUE(surveys_->SaveSurvey(empty));
+  EXPECT_TRUE(Query("select WellID from w_deviate_well").empty());
+  DeviationSurvey none;
+  EXPECT_FALSE(surveys_->SaveSurvey(none));
+  EXPECT_EQ(messages_.texts(), std::vector<std::string>{"井名称不能为空！"});
+}
+
+TEST_F(DeviateDataTest, BatchSaveDropsSurveysWithoutTvdOrXcoorButDeletesTheirRows) {
+  ASSERT_TRUE(surveys_->SaveSurvey(Full("W1")));
+  ASSERT_TRUE(surveys_->SaveSurvey(Full("W2")));
+  DeviationSurvey noTvd = Full("W1");
+  noTvd.Tvd.clear();
+  DeviationSurvey noX = Full("W3");
+  noX.Xcoor.clear();
+  sql_.clear();
+  ASSERT_TRUE(surveys_->SaveSurveys(0, {noTvd, Full("W2"), noX}));
+  EXPECT_EQ(sql_.texts("ExecuteSQL"),
+            std::vector<std::string>{"delete from  w_deviate_well where WellID in ('W1','W2','W3')"});
+  EXPECT_EQ(Query("select WellID from w_deviate_well"), std::vector<std::string>{"W2"});
+  // The single save keeps a survey without Tvd: it only tests Md.
+  ASSERT_TRUE(surveys_->SaveSurvey(noTvd));
+  DeviationSurvey back;
+  EXPECT_FALSE(surveys_->LoadSurvey("W1", back));  // Tvd is NULL: the load stops there
+  EXPECT_EQ(back.Ycoor, noTvd.Ycoor);
+}
+
+TEST_F(DeviateDataTest, ProjectStatementsAndLists) {
+  Exec("insert into w_well_data (ProjectName, WellID) values ('P', 'W1')");
+  Exec("insert into w_well_data (ProjectName, WellID) values ('P', 'W2')");
+  Exec("insert into w_well_data (ProjectName, WellID) values ('Q', 'W3')");
+  for (const char* w : {"W1", "W2", "W3"}) ASSERT_TRUE(surveys_->SaveSurvey(Full(w)));
+  std::vector<DeviationSurvey> list;
+  sql_.clear();
+  ASSERT_TRUE(surveys_->LoadProjectSurveys("P", list));
+  EXPECT_EQ(sql_.texts().at(0),
+            "select * from w_deviate_well where exists ( select WellID from w_well_data where ProjectName \t\t= 'P' "
+            "and w_well_data.WellID = w_deviate_well.WellID )");
+  EXPECT_EQ(list.size(), 2u);
+  std::vector<std::string> ids, found;
+  ASSERT_TRUE(surveys_->GetSurveyedWellIDs("P", ids));
+  EXPECT_EQ(ids, (std::vector<std::string>{"W1", "W2"}));
+  ASSERT_TRUE(surveys_->GetWellsWithSurvey(0, {"W3", "W9"}, found));
+  EXPECT_EQ(found, std::vector<std::string>{"W3"});
+  list.clear();
+  ASSERT_TRUE(surveys_->LoadSurveys({"W1", "W3"}, list));
+  EXPECT_EQ(list.size(), 2u);
+
+  EXPECT_FALSE(surveys_->DeleteProjectSurveys(""));
+  EXPECT_EQ(messages_.texts(), std::vector<std::string>{"工区名称不能为空！"});
+  ASSERT_TRUE(surveys_->DeleteProjectSurveys("P"));
+  EXPECT_EQ(Query("select WellID from w_deviate_well"), std::vector<std::string>{"W3"});
+  ASSERT_TRUE(surveys_->DeleteSurveys({"W3"}));
+  EXPECT_TRUE(Query("select WellID from w_deviate_well").empty());
+}
+
+}  // namespace
+}  // namespace petrodb::test

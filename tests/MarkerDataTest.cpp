@@ -1,0 +1,178 @@
+// Formation markers: the geological-layering view, its save through the depth
+// converter, and the general reader and writer with the attribute tables.
+#include <cmath>
+#include <numbers>
+
+#include "TestSupport.h"
+#include "petrodb/welllog/DepthConverter.h"
+#include "petrodb/welllog/IDeviateData.h"
+#include "petrodb/welllog/IMarkerData.h"
+#include "petrodb/welllog/ISourceData.h"
+
+namespace petrodb::test {
+namespace {
+
+const std::string kLayering = "地质分层";
+
+class MarkerDataTest : public ProjectTest {
+ protected:
+  void SetUp() override {
+    ProjectTest::SetUp();
+    markers_ = Make<IMarkerData>("IMarkerData");
+    sources_ = Make<ISourceData>("ISourceData");
+    ASSERT_NE(markers_, nullptr);
+    ASSERT_NE(sources_, nullptr);
+    const char* columns =
+        "insert into w_well_data (ProjectName, WellID, WellName, WellType, Well_SN, Well_EW, WellFlag, WellSymbol, "
+        "Kb, Ekb, WellDepth) values ";
+    Exec(std::string(columns) + "('P', 'W1', 'W1', 'oil', 1000, 2000, '1', 0, 50, 45, 1500)");
+    Exec(std::string(columns) + "('Q', 'W2', 'W2', 'oil', 0, 0, '1', 0, 0, 0, 1500)");
+    // Someone else's marker in W1, of another source.
+    Exec("insert into w_marker (Source, WellID, MarkerName, TopMD, BottomMD) values ('测井解释', 'W1', 'X', 1, 2)");
+  }
+  static WellMarkers Tops(const std::string& well) {
+    WellMarkers w;
+    w.WellID = well;
+    MarkerRecord a;
+    a.MarkerName = "Ng";
+    a.TopMD = 500;
+    a.BottomMD = 1000;
+    a.Description = "sand";
+    MarkerRecord b;
+    b.MarkerName = "Ed";
+    b.TopMD = kNullDepth;
+    b.BottomMD = 1100;
+    w.Markers = {a, b};
+    return w;
+  }
+  std::vector<std::string> OtherSource() {
+    return Query("select WellID || MarkerName || TopMD from w_marker where Source <> '地质分层'");
+  }
+  std::unique_ptr<IMarkerData> markers_;
+  std::unique_ptr<ISourceData> sources_;
+};
+
+TEST_F(MarkerDataTest, SaveConvertsThroughTheWellsSurvey) {
+  // A quarter circle due east from 0 to 1000 m.
+  auto surveys = Make<IDeviateData>("IDeviateData");
+  DeviationSurvey s;
+  s.WellID = "W1";
+  s.Md = {0, 1000};
+  s.Inclination = {0, 90};
+  s.Azimuth = {90, 90};
+  s.Xoffset = s.Yoffset = {0, 0};
+  s.Xcoor = s.Ycoor = s.Tvd = s.Tvdss = {};  // stored NULL: positions come from the angles
+  ASSERT_TRUE(surveys->SaveSurvey(s));
+
+  ASSERT_TRUE(markers_->SaveWellMarkers(Tops("W1")));
+  std::vector<MarkerRecord> back;
+  ASSERT_TRUE(sources_->LoadWellMarkers(kLayering.c_str(), "W1", back));
+  ASSERT_EQ(back.size(), 2u);
+  const double r = 2000 / std::numbers::pi;
+  const auto& ed = back[0];  // ordered by TopMD: the null top first
+  const auto& ng = back[1];
+  EXPECT_EQ(ng.MarkerName, "Ng");
+  EXPECT_NEAR(ng.TopTVD, 450.16, 0.005);
+  EXPECT_NEAR(ng.TopTVDSS, 400.16, 0.005);
+  EXPECT_NEAR(ng.XCoor, 2000 + 186.46, 0.005);
+  EXPECT_NEAR(ng.YCoor, 1000, 1e-9);
+  EXPECT_NEAR(ng.BottomTVD, r, 1e-9);
+  EXPECT_EQ(ng.Description, "sand");
+  EXPECT_EQ(ng.Thickness, 500);
+  EXPECT_EQ(ed.MarkerName, "Ed");
+  for (double v : {ed.TopMD, ed.TopTVD, ed.TopTVDSS, ed.XCoor, ed.YCoor}) EXPECT_EQ(v, kNullDepth);
+  EXPECT_NEAR(ed.BottomTVD, r, 1e-9);  // beyond the last station: horizontal
+  EXPECT_FALSE(ed.SubmitTime.empty());
+  EXPECT_EQ(OtherSource(), std::vector<std::string>{"W1X1.0"});
+}
+
+TEST_F(MarkerDataTest, WithoutTheConverterNothingIsSaved) {
+  SetDepthConverterAvailable(false);
+  EXPECT_FALSE(markers_->SaveWellMarkers(Tops("W1")));
+  SetDepthConverterAvailable(true);
+  EXPECT_FALSE(markers_->HasMarkers("W1"));
+  WellMarkers none;
+  EXPECT_FALSE(markers_->SaveWellMarkers(none));
+  EXPECT_EQ(messages_.texts(), std::vector<std::string>{"井名称不能为空！"});
+}
+
+TEST_F(MarkerDataTest, OtherSourcesAreNeverReadOrDeleted) {
+  ASSERT_TRUE(markers_->SaveMarkers(0, {Tops("W1"), Tops("W2")}));
+  std::vector<std::string> names;
+  ASSERT_TRUE(markers_->GetWellMarkerNames("W1", names));
+  EXPECT_EQ(names.size(), 2u);
+  std::vector<MarkerRecord> records;
+  sql_.clear();
+  ASSERT_TRUE(markers_->LoadWellMarkers("W1", records));
+  EXPECT_EQ(sql_.texts().at(0), "select * from w_marker where WellID='W1' and Source ='地质分层' order by TopMD");
+  EXPECT_EQ(records.size(), 2u);
+  records.clear();
+  ASSERT_TRUE(markers_->LoadMarkersOfWells({"W1", "W2"}, "Ng", records));
+  EXPECT_EQ(records.size(), 2u);
+  std::vector<std::string> ids;
+  ASSERT_TRUE(markers_->GetMarkerWellIDs("P", ids));
+  EXPECT_EQ(ids, std::vector<std::string>{"W1"});
+
+  sql_.clear();
+  ASSERT_TRUE(markers_->DeleteWellMarkers("W1"));
+  EXPECT_EQ(sql_.texts("ExecuteSQL"),
+            std::vector<std::string>{"delete from  w_marker where WellID='W1' and Source = '地质分层'"});
+  ASSERT_TRUE(markers_->DeleteProjectMarkers("Q"));
+  EXPECT_FALSE(markers_->HasMarkers("W2"));
+  ASSERT_TRUE(markers_->SaveWellMarkers(Tops("W1")));
+  ASSERT_TRUE(markers_->DeleteMarkersOfWells({"W1", "W2"}));
+  EXPECT_EQ(sql_.texts("ExecuteSQL").back(),
+            "delete from  w_marker where Source ='地质分层' and WellID in ('W1', 'W2')");
+  EXPECT_EQ(OtherSource(), std::vector<std::string>{"W1X1.0"});
+  EXPECT_FALSE(markers_->DeleteProjectMarkers(""));
+  EXPECT_EQ(messages_.texts(), std::vector<std::string>{"工区名称不能为空！"});
+}
+
+TEST_F(MarkerDataTest, LoadByNameLetsAnyProjectWithAWellSeeEveryMarker) {
+  ASSERT_TRUE(markers_->SaveMarkers(0, {Tops("W1"), Tops("W2")}));
+  std::vector<MarkerRecord> records;
+  ASSERT_TRUE(markers_->LoadMarkersByName("Ng", "Q", records));
+  EXPECT_EQ(records.size(), 2u);  // W1 belongs to P, yet it comes too
+  records.clear();
+  EXPECT_FALSE(markers_->LoadMarkersByName("Ng", "NoSuchProject", records));
+  // The general reader ties the project to the marker's well.
+  ASSERT_TRUE(sources_->LoadMarkersByName(kLayering.c_str(), "Ng", "Q", records));
+  ASSERT_EQ(records.size(), 1u);
+  EXPECT_EQ(records[0].WellID, "W2");
+}
+
+TEST_F(MarkerDataTest, SourcesMoveTopsAndAttributes) {
+  std::vector<std::string> sources;
+  ASSERT_TRUE(sources_->GetSources(sources));
+  EXPECT_EQ(sources, std::vector<std::string>{"测井解释"});
+  sql_.clear();
+  ASSERT_TRUE(sources_->MoveMarkerTop("测井解释", "W1", "X", 1.5));
+  EXPECT_EQ(sql_.texts("ExecuteSQL"),
+            std::vector<std::string>{
+                "update w_marker set TopMD=1.500000  where WellID='W1' and MarkerName='X' and Source='测井解释'"});
+  EXPECT_EQ(OtherSource(), std::vector<std::string>{"W1X1.5"});
+
+  ASSERT_TRUE(sources_->SaveAttributes("P", "测井解释", {{"POR", "double", "porosity"}, {"LITH", "text", ""}}));
+  ASSERT_TRUE(sources_->SaveAttribute("P", "测井解释", {"POR", "double", "effective porosity"}));
+  std::vector<MarkerAttribute> attributes;
+  ASSERT_TRUE(sources_->GetAttributes("P", "测井解释", attributes));
+  ASSERT_EQ(attributes.size(), 2u);
+  EXPECT_EQ(attributes[1].AttribDescription, "effective porosity");
+
+  ASSERT_TRUE(sources_->SaveAttributeValues("测井解释", {{"W1", "X", "POR", "0.21"}, {"W2", "X", "POR", "0.18"}}));
+  ASSERT_TRUE(sources_->SaveAttributeValues("测井解释", {{"W1", "X", "POR", "0.23"}}));
+  std::vector<MarkerAttributeValue> values;
+  ASSERT_TRUE(sources_->LoadProjectAttributeValues("P", "测井解释", "POR", values));
+  ASSERT_EQ(values.size(), 1u);
+  EXPECT_EQ(values[0].AttribValue, "0.23");
+  // A project's delete leaves the values of other projects' wells alone.
+  ASSERT_TRUE(sources_->DeleteAttributeValues("Q", "测井解释", "POR"));
+  values.clear();
+  ASSERT_TRUE(sources_->LoadWellAttributeValues("测井解释", "W1", values));
+  EXPECT_EQ(values.size(), 1u);
+  values.clear();
+  EXPECT_FALSE(sources_->LoadWellAttributeValues("测井解释", "W2", values));
+}
+
+}  // namespace
+}  // namespace petrodb::test
