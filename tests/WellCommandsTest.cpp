@@ -1,0 +1,129 @@
+// The petrodb host's well and table import commands, run as a user runs them.
+#include <sys/wait.h>
+
+#include <cstdio>
+#include <fstream>
+
+#include "TestSupport.h"
+#include "petrodb/project/IBasicWellData.h"
+#include "petrodb/project/IWellGroupData.h"
+
+namespace petrodb::test {
+namespace {
+
+namespace fs = std::filesystem;
+using Texts = std::vector<std::string>;
+
+struct CliRun {
+  int code;
+  std::string output;  // stdout and stderr together
+};
+
+class WellCommandsTest : public ProjectTest {
+ protected:
+  CliRun Petrodb(const std::string& arguments) {
+    const char* cli = std::getenv("PETRODB_CLI");
+    const std::string program = cli ? cli : (fs::path(ProgramDirectory()) / "petrodb").string();
+    CliRun run{-1, {}};
+    FILE* pipe = popen((program + " " + arguments + " 2>&1").c_str(), "r");
+    if (!pipe) return run;
+    char buffer[4096];
+    while (std::size_t n = fread(buffer, 1, sizeof buffer, pipe)) run.output.append(buffer, n);
+    const int status = pclose(pipe);
+    run.code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    return run;
+  }
+  std::string Csv(const std::string& name, const std::string& text) {
+    const std::string path = (dir_ / name).string();
+    std::ofstream(path, std::ios::binary) << text;
+    return path;
+  }
+};
+
+TEST_F(WellCommandsTest, WellsImportSavesRowsAndGroupsTakeThemByPolicy) {
+  auto groups = Make<IWellGroupData>("IWellGroupData");
+  ASSERT_TRUE(groups->SaveGroup("P1", WellGroupRecord{"GN", "north", 1, "", "North"}, {}));
+  const auto csv = Csv("wells.csv",
+                       "\xEF\xBB\xBFWellID,WellName,Well_SN,Well_EW,WellFlag,WellSymbol,Kb,WellDepth\r\n"
+                       "A-1,\"North, 1\",4300000.5,20500000,Y,3,1200.5,3000\r\n"
+                       "\r\n"
+                       "A-2,South,,,,,1190,2900\r\n");
+  const CliRun run = Petrodb("wells import " + file_ + " P1 " + csv);
+  ASSERT_EQ(run.code, 0) << run.output;
+  EXPECT_EQ(run.output, "imported 2 well(s) into project P1\n");
+
+  auto wells = Make<IBasicWellData>("IBasicWellData");
+  WellRecord w;
+  ASSERT_TRUE(wells->LoadWell("A-1", w));
+  EXPECT_EQ(w.WellName, "North, 1");
+  EXPECT_EQ(w.Well_SN, 4300000.5);
+  EXPECT_EQ(w.WellFlag, 'Y');
+  EXPECT_EQ(w.WellSymbol, 3);
+  EXPECT_EQ(w.Kb, 1200.5);
+  EXPECT_EQ(Query("select WellID from w_groupwell where GroupID = 'GN'"), Texts{"A-1"});
+
+  const CliRun list = Petrodb("wells list " + file_ + " P1");
+  ASSERT_EQ(list.code, 0) << list.output;
+  EXPECT_NE(list.output.find("A-1          North, 1"), std::string::npos) << list.output;
+  EXPECT_NE(list.output.find("  north\n"), std::string::npos) << list.output;
+  EXPECT_NE(list.output.find("2 well(s)\n"), std::string::npos);
+}
+
+TEST_F(WellCommandsTest, BadCellsNameTheirLineAndColumnAndImportNothing) {
+  const struct {
+    const char* text;
+    const char* error;
+  } cases[] = {
+      {"WellID,Kb\nA-1,1\n\nA-2,12abc\n", "line 4, column Kb: \"12abc\" is not a number"},
+      {"WellID,WellSymbol\nA-1,2.5\n", "line 2, column WellSymbol: \"2.5\" is not a whole number"},
+      {"WellID,WellFlag\nA-1,YY\n", "line 2, column WellFlag: \"YY\" is not one character"},
+      {"WellID,Depth\nA-1,1\n", "line 1, column 2: \"Depth\" is not a column of a well"},
+      {"WellName\nx\n", "line 1: the header has no WellID column"},
+      {"WellID,Kb\nA-1,1,2\n", "line 2, column 3: more cells than the header has"},
+      {"WellID,Kb\n,1\n", "line 2, column WellID: \"\" is not a well ID (not empty)"},
+      {"WellID,WellName\nA-1,\"open\n", "line 2: a quoted field is not closed"},
+  };
+  for (const auto& c : cases) {
+    const CliRun run = Petrodb("wells import " + file_ + " P1 " + Csv("bad.csv", c.text));
+    EXPECT_EQ(run.code, 1) << c.text;
+    EXPECT_NE(run.output.find(c.error), std::string::npos) << run.output;
+  }
+  EXPECT_TRUE(Query("select WellID from w_well_data").empty());
+  EXPECT_EQ(Petrodb("wells import " + file_ + " P1").code, 2);  // usage
+}
+
+TEST_F(WellCommandsTest, ImportTakesColumnTypesFromTheSchema) {
+  const auto csv = Csv("aoi.csv",
+                       "AOIName,ProjectName,Xmin,Xmax,Ymin,Ymax,DESCRIPTION\n"
+                       "zone a,P1,1.5,2,3,4,first\n"
+                       "zone b,P1,,,,,\n");
+  const CliRun run = Petrodb("import " + file_ + " B_AOI_DATA " + csv);
+  ASSERT_EQ(run.code, 0) << run.output;
+  EXPECT_EQ(run.output, "imported 2 row(s) into b_aoi_data\n");
+  EXPECT_EQ(Query("select Xmin from b_aoi_data order by AOIName"), (Texts{"1.5", "NULL"}));
+  EXPECT_EQ(Query("select DESCRIPTION from b_aoi_data order by AOIName"), (Texts{"first", ""}));
+
+  CliRun bad = Petrodb("import " + file_ + " b_welllist_data " +
+                       Csv("list.csv", "WellListName,WellID,WellNumber\nL,A,1\nL,B,two\n"));
+  EXPECT_EQ(bad.code, 1);
+  EXPECT_NE(bad.output.find("line 3, column WellNumber: \"two\" is not a number"), std::string::npos) << bad.output;
+  EXPECT_TRUE(Query("select WellID from b_welllist_data").empty());
+
+  bad = Petrodb("import " + file_ + " no_table " + csv);
+  EXPECT_EQ(bad.code, 1);
+  EXPECT_NE(bad.output.find("no table no_table"), std::string::npos);
+  bad = Petrodb("import " + file_ + " b_aoi_data " + Csv("x.csv", "AOIName,Area\n"));
+  EXPECT_NE(bad.output.find("line 1, column 2: \"Area\" is not a column of b_aoi_data"), std::string::npos)
+      << bad.output;
+}
+
+TEST_F(WellCommandsTest, DemoShowsMembershipByPolicy) {
+  const CliRun run = Petrodb("demo " + (dir_ / "demo").string());
+  ASSERT_EQ(run.code, 0) << run.output;
+  EXPECT_NE(run.output.find("  D-1 wells (by ID)      North 1, South 2\n"), std::string::npos) << run.output;
+  EXPECT_NE(run.output.find("  North wells (by name)  North 1, North 3\n"), std::string::npos);
+  EXPECT_NE(run.output.find("  Hand-picked            X-7\n"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace petrodb::test

@@ -1,0 +1,356 @@
+// petrodb wells import / wells list / import, and the demo's wells and groups.
+#include <cstdio>
+#include <fstream>
+#include <map>
+#include <optional>
+
+#include "Command.h"
+#include "dbaccess/Schema.h"
+#include "dbaccess/SqlText.h"
+#include "petrodb/IBasicDataOper.h"
+#include "petrodb/project/IBasicWellData.h"
+#include "petrodb/project/IWellGroupData.h"
+
+namespace petrodb::cli {
+namespace {
+
+using Row = std::vector<std::string>;
+
+// A CSV file: a header row and data rows, with the file line each row starts on.
+struct Table {
+  Row header;
+  std::vector<Row> rows;
+  std::vector<int> lines;
+};
+
+// Reads comma-separated values: fields may be quoted ("a, b", "say ""hi"""),
+// a quoted field may span lines, blank lines are skipped, a UTF-8 byte order
+// mark and CR line ends are ignored.
+bool ReadCsv(const std::string& path, Table& table, std::string& error) {
+  std::ifstream in(path, std::ios::binary);
+  if (!in) {
+    error = path + ": cannot read the file";
+    return false;
+  }
+  std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  if (text.rfind("\xEF\xBB\xBF", 0) == 0) text.erase(0, 3);
+  Row row;
+  std::string field;
+  bool quoted = false, fieldStarted = false;
+  int line = 1, rowLine = 1;
+  auto endRow = [&] {
+    if (fieldStarted || !field.empty() || !row.empty()) {
+      row.push_back(field);
+      if (table.header.empty()) {
+        table.header = row;
+      } else {
+        table.rows.push_back(row);
+        table.lines.push_back(rowLine);
+      }
+    }
+    row.clear();
+    field.clear();
+    fieldStarted = false;
+  };
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const char c = text[i];
+    if (quoted) {
+      if (c == '"' && i + 1 < text.size() && text[i + 1] == '"') {
+        field += '"';
+        ++i;
+      } else if (c == '"') {
+        quoted = false;
+      } else {
+        if (c == '\n') ++line;
+        field += c;
+      }
+    } else if (c == '"' && field.empty()) {
+      quoted = fieldStarted = true;
+    } else if (c == ',') {
+      row.push_back(field);
+      field.clear();
+      fieldStarted = true;
+    } else if (c == '\n') {
+      endRow();
+      rowLine = ++line;
+    } else if (c != '\r') {
+      field += c;
+    }
+  }
+  if (quoted) {
+    error = path + ": line " + std::to_string(rowLine) + ": a quoted field is not closed";
+    return false;
+  }
+  endRow();
+  if (table.header.empty()) {
+    error = path + ": the file has no header row";
+    return false;
+  }
+  return true;
+}
+
+std::string Where(const std::string& path, int line, const std::string& column) {
+  return path + ": line " + std::to_string(line) + ", column " + column + ": ";
+}
+
+bool Number(const std::string& cell, double& value) {
+  return sql::ParseWholeNumber(cell, value);
+}
+
+// ---- wells import ----
+
+using WellSetter = bool (*)(WellRecord&, const std::string&);
+
+// The columns of a well record a CSV file may name; WellID is required.
+const std::map<std::string, WellSetter, std::less<>>& WellColumns() {
+  static const std::map<std::string, WellSetter, std::less<>> columns = {
+      {"WellID", [](WellRecord& w, const std::string& v) { w.WellID = v; return !v.empty(); }},
+      {"WellName", [](WellRecord& w, const std::string& v) { w.WellName = v; return true; }},
+      {"WellType", [](WellRecord& w, const std::string& v) { w.WellType = v; return true; }},
+      {"Well_SN", [](WellRecord& w, const std::string& v) { return v.empty() || Number(v, w.Well_SN); }},
+      {"Well_EW", [](WellRecord& w, const std::string& v) { return v.empty() || Number(v, w.Well_EW); }},
+      {"WellFlag",
+       [](WellRecord& w, const std::string& v) {
+         if (v.size() > 1) return false;
+         if (!v.empty()) w.WellFlag = v[0];
+         return true;
+       }},
+      {"WellSymbol",
+       [](WellRecord& w, const std::string& v) {
+         double d = 0;
+         if (v.empty()) return true;
+         if (!Number(v, d) || d != static_cast<int>(d)) return false;
+         w.WellSymbol = static_cast<int>(d);
+         return true;
+       }},
+      {"Kb", [](WellRecord& w, const std::string& v) { return v.empty() || Number(v, w.Kb); }},
+      {"Ekb", [](WellRecord& w, const std::string& v) { return v.empty() || Number(v, w.Ekb); }},
+      {"WellDepth", [](WellRecord& w, const std::string& v) { return v.empty() || Number(v, w.WellDepth); }},
+  };
+  return columns;
+}
+
+const char* Expected(const std::string& column) {
+  if (column == "WellID") return "a well ID (not empty)";
+  if (column == "WellFlag") return "one character";
+  if (column == "WellSymbol") return "a whole number";
+  return "a number";
+}
+
+int WellsImport(const std::vector<std::string>& args) {
+  const std::string &file = args[0], &project = args[1], &csv = args[2];
+  if (!CheckProjectFile(file)) return kFailed;
+  Table table;
+  std::string error;
+  if (!ReadCsv(csv, table, error)) {
+    PrintError(error);
+    return kFailed;
+  }
+  std::vector<WellSetter> setters;
+  bool hasID = false;
+  for (std::size_t j = 0; j < table.header.size(); ++j) {
+    const auto found = WellColumns().find(table.header[j]);
+    if (found == WellColumns().end()) {
+      PrintError(Where(csv, 1, std::to_string(j + 1)) + "\"" + table.header[j] +
+                 "\" is not a column of a well (WellID, WellName, WellType, Well_SN, Well_EW, WellFlag, "
+                 "WellSymbol, Kb, Ekb, WellDepth)");
+      return kFailed;
+    }
+    hasID = hasID || found->first == "WellID";
+    setters.push_back(found->second);
+  }
+  if (!hasID) {
+    PrintError(csv + ": line 1: the header has no WellID column");
+    return kFailed;
+  }
+  // Every row is checked before anything is written.
+  std::vector<WellRecord> wells;
+  for (std::size_t i = 0; i < table.rows.size(); ++i) {
+    const Row& row = table.rows[i];
+    if (row.size() > setters.size()) {
+      PrintError(Where(csv, table.lines[i], std::to_string(setters.size() + 1)) + "more cells than the header has");
+      return kFailed;
+    }
+    WellRecord well;
+    for (std::size_t j = 0; j < row.size(); ++j)
+      if (!setters[j](well, row[j])) {
+        PrintError(Where(csv, table.lines[i], table.header[j]) + "\"" + row[j] + "\" is not " +
+                   Expected(table.header[j]));
+        return kFailed;
+      }
+    if (well.WellID.empty()) {
+      PrintError(Where(csv, table.lines[i], "WellID") + "the well ID is empty");
+      return kFailed;
+    }
+    wells.push_back(well);
+  }
+  auto factory = MakeFactory(ProjectConnection(file), project);
+  auto data = Create<IBasicWellData>(*factory, "IBasicWellData");
+  for (std::size_t i = 0; i < wells.size(); ++i) {
+    if (!data->SaveWells(project, std::vector<WellRecord>{wells[i]})) {
+      PrintError(Where(csv, table.lines[i], "WellID") + "saving well " + wells[i].WellID + " failed; " +
+                 (i == 0 ? std::string("nothing was imported")
+                         : std::to_string(i) + " well(s) of the lines before it were saved"));
+      return kFailed;
+    }
+  }
+  std::printf("imported %zu well(s) into project %s\n", wells.size(), project.c_str());
+  return kOk;
+}
+
+// ---- wells list ----
+
+int WellsList(const std::vector<std::string>& args) {
+  const std::string &file = args[0], &project = args[1];
+  if (!CheckProjectFile(file)) return kFailed;
+  auto factory = MakeFactory(ProjectConnection(file), project);
+  auto data = Create<IBasicWellData>(*factory, "IBasicWellData");
+  auto groups = Create<IWellGroupData>(*factory, "IWellGroupData");
+  std::vector<WellRecord> wells;
+  if (!data->LoadAllWells(project.c_str(), wells)) {
+    PrintError("cannot read the wells of project " + project);
+    return kFailed;
+  }
+  std::vector<WellGroupRecord> projectGroups;
+  groups->LoadProjectGroups(project.c_str(), projectGroups);
+  std::printf("%-12s %-16s %-8s %14s %14s %4s %6s %9s %9s %9s  %s\n", "WellID", "WellName", "WellType", "Well_SN",
+              "Well_EW", "Flag", "Symbol", "Kb", "Ekb", "WellDepth", "groups");
+  for (const auto& w : wells) {
+    std::string memberOf;
+    for (const auto& g : projectGroups)
+      if (data->IsWellInGroup(g.GroupID.c_str(), w.WellID.c_str()))
+        memberOf += (memberOf.empty() ? "" : ", ") + (g.GroupName.empty() ? g.GroupID : g.GroupName);
+    std::printf("%-12s %-16s %-8s %14.2f %14.2f %4c %6d %9.2f %9.2f %9.2f  %s\n", w.WellID.c_str(),
+                w.WellName.c_str(), w.WellType.c_str(), w.Well_SN, w.Well_EW, w.WellFlag ? w.WellFlag : ' ',
+                w.WellSymbol, w.Kb, w.Ekb, w.WellDepth, memberOf.c_str());
+  }
+  std::printf("%zu well(s)\n", wells.size());
+  return kOk;
+}
+
+// ---- import <table> ----
+
+// The type text the import gives a column: "double", "int" or "text".
+std::optional<std::string> TypeText(schema::Type type) {
+  switch (type) {
+    case schema::Type::Double: return "double";
+    case schema::Type::Int: return "int";
+    case schema::Type::Text:
+    case schema::Type::Date: return "text";
+    default: return std::nullopt;
+  }
+}
+
+int ImportTable(const std::vector<std::string>& args) {
+  const std::string &file = args[0], &tableName = args[1], &csv = args[2];
+  if (!CheckProjectFile(file)) return kFailed;
+  const schema::Table* target = schema::Builtin().FindTable(tableName);
+  if (!target) {
+    PrintError("no table " + tableName + " in the project schema");
+    return kFailed;
+  }
+  Table table;
+  std::string error;
+  if (!ReadCsv(csv, table, error)) {
+    PrintError(error);
+    return kFailed;
+  }
+  std::vector<std::string> names, types;
+  for (std::size_t j = 0; j < table.header.size(); ++j) {
+    const schema::Column* column = target->FindColumn(table.header[j]);
+    const auto type = column ? TypeText(column->type) : std::nullopt;
+    if (!type) {
+      PrintError(Where(csv, 1, std::to_string(j + 1)) + "\"" + table.header[j] + "\" is " +
+                 (column ? "a column that cannot be imported from text" : "not a column of " + target->name));
+      return kFailed;
+    }
+    names.push_back(column->name);
+    types.push_back(*type);
+  }
+  for (std::size_t i = 0; i < table.rows.size(); ++i) {
+    const Row& row = table.rows[i];
+    if (row.size() > names.size()) {
+      PrintError(Where(csv, table.lines[i], std::to_string(names.size() + 1)) + "more cells than the header has");
+      return kFailed;
+    }
+    for (std::size_t j = 0; j < row.size(); ++j) {
+      double value = 0;
+      if (types[j] == "text" || row[j].empty() || Number(row[j], value)) continue;
+      PrintError(Where(csv, table.lines[i], names[j]) + "\"" + row[j] + "\" is not a number");
+      return kFailed;
+    }
+  }
+  auto factory = MakeFactory(ProjectConnection(file));
+  auto oper = Create<IBasicDataOper>(*factory, "IBasicDataOper");
+  if (!oper->ImportRows(target->name.c_str(), names, types, table.rows)) {
+    PrintError("importing into " + target->name + " failed; nothing was imported");
+    return kFailed;
+  }
+  std::printf("imported %zu row(s) into %s\n", table.rows.size(), target->name.c_str());
+  return kOk;
+}
+
+// ---- demo ----
+
+bool DemoWells(DemoContext& c) {
+  auto wells = Create<IBasicWellData>(*c.factory, "IBasicWellData");
+  auto groups = Create<IWellGroupData>(*c.factory, "IWellGroupData");
+  if (!wells || !groups) return false;
+  const char* project = c.project.c_str();
+  const std::vector<WellGroupRecord> policies = {
+      {"G-D1", "D-1 wells (by ID)", 0, "D-1", ""},
+      {"G-N", "North wells (by name)", 1, "", "North"},
+      {"G-M", "Hand-picked", -1, "", ""},
+  };
+  if (!groups->SaveGroups(project, policies, {})) return false;
+  for (const auto& g : policies)
+    std::printf("group %-5s %-22s policy %2d  %s\n", g.GroupID.c_str(), g.GroupName.c_str(), g.GroupPolicy,
+                g.GroupPolicy < 0    ? "(members added by hand)"
+                : g.GroupPolicy == 0 ? ("(well IDs containing \"" + g.WellIDPolicy + "\")").c_str()
+                                     : ("(well names containing \"" + g.WellNamePolicy + "\")").c_str());
+  std::vector<WellRecord> saved;
+  auto add = [&](const char* id, const char* name, double sn, double ew, double kb, double depth) {
+    WellRecord w;
+    w.WellID = id;
+    w.WellName = name;
+    w.WellType = "oil";
+    w.Well_SN = sn;
+    w.Well_EW = ew;
+    w.Kb = kb;
+    w.Ekb = kb - 5;
+    w.WellDepth = depth;
+    saved.push_back(w);
+  };
+  add("D-101", "North 1", 4305000, 20505000, 1210, 3200);
+  add("D-102", "South 2", 4302000, 20512000, 1195, 3350);
+  add("D-201", "North 3", 4316000, 20508000, 1222, 3100);
+  add("X-7", "", 4311000, 20515000, 1201, 2950);
+  if (!wells->SaveWells(project, saved)) return false;
+  if (!wells->AddWellToGroup("G-M", "X-7")) return false;
+  std::printf("saved %zu wells; SaveWell joined them to groups by policy:\n", saved.size());
+  for (const auto& g : policies) {
+    std::vector<std::string> names;
+    if (!wells->GetGroupWellDisplayNames(project, g.GroupID.c_str(), names)) return false;
+    std::string list;
+    for (const auto& n : names) list += (list.empty() ? "" : ", ") + n;
+    std::printf("  %-22s %s\n", g.GroupName.c_str(), list.empty() ? "(none)" : list.c_str());
+  }
+  std::printf("wells in project %s: %d\n", project, wells->GetProjectWellCount(project));
+  return true;
+}
+
+const CommandRegistration kWellsImport{Command{
+    "wells import", "<file> <project> <csv>",
+    "save the wells of a CSV file (header: WellID, WellName, WellType, Well_SN, Well_EW, WellFlag, WellSymbol, "
+    "Kb, Ekb, WellDepth) into a project; groups take them in by their naming policy",
+    &WellsImport, 3, 3}};
+const CommandRegistration kWellsList{Command{"wells list", "<file> <project>",
+                                             "list the wells of a project with their groups", &WellsList, 2, 2}};
+const CommandRegistration kImport{Command{
+    "import", "<file> <table> <csv>",
+    "append the rows of a CSV file to a table (header: column names; types from the schema), all or nothing",
+    &ImportTable, 3, 3}};
+const DemoRegistration kDemo{DemoStep{20, "wells and groups: membership by naming policy", &DemoWells}};
+
+}  // namespace
+}  // namespace petrodb::cli
