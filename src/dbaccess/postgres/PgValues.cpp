@@ -125,7 +125,20 @@ std::string DoubleText(double value) {
   return std::string(buffer, result.ptr);
 }
 
+void AppendDouble(std::string& out, double value) {
+  if (!std::isfinite(value)) {
+    out += DoubleText(value);
+    return;
+  }
+  char buffer[64];
+  out.append(buffer, std::to_chars(buffer, buffer + sizeof buffer, value).ptr);
+}
+
 void AppendCopyText(std::string& out, std::string_view text) {
+  if (text.find_first_of("\\\t\n\r") == std::string_view::npos) {
+    out += text;
+    return;
+  }
   for (char c : text) {
     switch (c) {
       case '\\': out += "\\\\"; break;

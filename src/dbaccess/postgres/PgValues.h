@@ -46,6 +46,8 @@ std::string NumericText(const char* data, int length);
 
 // A double as text that reads back the same number ("NaN", "Infinity" included).
 std::string DoubleText(double value);
+// Appends DoubleText(value) without a temporary.
+void AppendDouble(std::string& out, double value);
 // Appends `text` escaped for COPY's text format.
 void AppendCopyText(std::string& out, std::string_view text);
 // Appends bytes as a COPY text-format bytea value ("\\x0a1b...").

@@ -3,6 +3,7 @@
 #include <poll.h>
 
 #include <bit>
+#include <charconv>
 #include <cstring>
 #include <fstream>
 #include <regex>
@@ -334,11 +335,14 @@ class PgConnection final : public Connection {
     const Cell& cell = row.cells[k].second;
     if (const auto* i = std::get_if<std::int64_t>(&cell)) return std::to_string(*i);
     if (const auto* d = std::get_if<double>(&cell)) return pg::DoubleText(*d);
-    if (const auto* t = std::get_if<TextValue>(&cell)) {
-      const bool maybeDate = !t->text.empty() && t->text.size() <= 40 && std::isdigit(static_cast<unsigned char>(t->text[0]));
-      return maybeDate ? NormaliseDateText(t->text, false) : t->text;
-    }
+    if (const auto* t = std::get_if<TextValue>(&cell)) return MaybeDate(t->text) ? NormaliseDateText(t->text, false) : t->text;
     return {};
+  }
+
+  // Texts in the module's date form are stored padded, as the file backend does.
+  static bool MaybeDate(const std::string& text) {
+    return text.size() >= 11 && text.size() <= 40 && std::isdigit(static_cast<unsigned char>(text[0])) &&
+           text.find(':') != std::string::npos;
   }
 
   // Rows one by one through a statement prepared once per connection; arrays
@@ -412,9 +416,15 @@ class PgConnection final : public Connection {
         } else if (const auto* v = std::get_if<Variant>(&cell)) {
           pg::AppendCopyBytea(buffer, v->Data(), v->Size() * sizeof(double));
         } else if (const auto* t = std::get_if<TextValue>(&cell)) {
-          pg::AppendCopyText(buffer, t->text.size() <= 40 ? CellText(row, k) : t->text);
-        } else {
-          buffer += CellText(row, k);
+          if (MaybeDate(t->text))
+            pg::AppendCopyText(buffer, NormaliseDateText(t->text, false));
+          else
+            pg::AppendCopyText(buffer, t->text);
+        } else if (const auto* d = std::get_if<double>(&cell)) {
+          pg::AppendDouble(buffer, *d);
+        } else if (const auto* n = std::get_if<std::int64_t>(&cell)) {
+          char digits[24];
+          buffer.append(digits, std::to_chars(digits, digits + sizeof digits, *n).ptr);
         }
       }
       buffer += '\n';

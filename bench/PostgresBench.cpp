@@ -1,0 +1,287 @@
+// The shared server: the session on PostgreSQL against libpq doing the same work
+// on an open connection. Runs when PETRODB_BENCH_PG (or PETRODB_TEST_PG) names a
+// server connection ("Provider=PostgreSQL;Host=…;Port=…;Database=…;User ID=…");
+// a database is made for the run from the shipped backup and dropped after it.
+#if __has_include(<libpq-fe.h>)
+#include <benchmark/benchmark.h>
+#include <libpq-fe.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "dbaccess/ConnectionString.h"
+#include "dbaccess/DataObject.h"
+#include "dbaccess/DbManage.h"
+#include "dbaccess/Pool.h"
+#include "dbaccess/SqlText.h"
+#include "petrodb/Host.h"
+
+namespace {
+
+constexpr int kRows = 100000;
+constexpr int kArray = 1000000;  // 8 MB of doubles
+
+std::string ServerConnection() {
+  for (const char* name : {"PETRODB_BENCH_PG", "PETRODB_TEST_PG"})
+    if (const char* v = std::getenv(name); v && *v) return v;
+  return {};
+}
+
+struct BenchServer {
+  std::string database, connection, server;
+  PGconn* raw = nullptr;
+  bool ready = false;
+
+  BenchServer() {
+    server = ServerConnection();
+    if (server.empty()) return;
+    const petrodb::db::ConnectionString parsed(server);
+    database = "petrodb_bench_" + std::to_string(::getpid());
+    std::string keys = "Provider=PostgreSQL;Host=" + parsed.Get("Host") + ";Port=" + parsed.Get("Port") +
+                       ";User ID=" + parsed.Get("User ID");
+    if (parsed.Has("Password")) keys += ";Password=" + parsed.Get("Password");
+    connection = keys + ";Database=" + database;
+    const std::string backup = (std::filesystem::path(petrodb::ProgramDirectory()) / "orvex.bak").string();
+    {
+      CDbManage db(server.c_str());
+      if (!db.ExecuteSQL(petrodb::sql::Format("RESTORE FILELISTONLY FROM DISK = '%s' RESTORE DATABASE %s FROM DISK = "
+                                              "'%s' WITH MOVE '%s' TO '%s',MOVE '%s' TO '%s'",
+                                              backup, database, backup, "orvex_Data", "-", "orvex_Log", "-")
+                             .c_str()))
+        return;
+    }
+    std::string conninfo = "host='" + parsed.Get("Host") + "' port='" + parsed.Get("Port") + "' user='" +
+                           parsed.Get("User ID") + "' dbname='" + database + "'";
+    if (parsed.Has("Password")) conninfo += " password='" + parsed.Get("Password") + "'";
+    raw = PQconnectdb(conninfo.c_str());
+    if (PQstatus(raw) != CONNECTION_OK) return;
+    Exec("create table bench_rows (ProjectName citext, WellID citext, WellName citext, WellType citext, Well_SN "
+         "double precision, Well_EW double precision, WellFlag citext, WellSymbol integer, Kb double precision, Ekb "
+         "double precision, WellDepth double precision)");
+    Exec("create table bench_arrays (Name citext, Data bytea)");
+    Exec("alter table bench_arrays alter column Data set storage external");
+    Exec("insert into b_project_data (ProjectName, Description) values ('P', 'bench')");
+    ready = true;
+  }
+  ~BenchServer() {
+    if (raw) PQfinish(raw);
+    petrodb::db::ClearConnectionPool();
+    if (!database.empty() && !server.empty()) {
+      CDbManage db(server.c_str());
+      db.ExecuteSQL(petrodb::sql::Format("drop database if exists %s with (force)", database).c_str());
+    }
+  }
+  void Exec(const std::string& text) { PQclear(PQexec(raw, text.c_str())); }
+  void FillRows() {
+    Exec("truncate bench_rows");
+    Exec("insert into bench_rows select 'P', 'W' || i, 'W' || i, 'oil', i * 1.5, i * 1.5, '1', 3, 10.5, 9.5, 2000 "
+         "from generate_series(0, " + std::to_string(kRows - 1) + ") i");
+  }
+};
+
+BenchServer* Server(benchmark::State& state) {
+  static BenchServer server;
+  if (!server.ready) {
+    state.SkipWithError("no PostgreSQL server: set PETRODB_BENCH_PG to a server connection string");
+    return nullptr;
+  }
+  return &server;
+}
+
+std::vector<std::string> Ids() {
+  std::vector<std::string> ids;
+  for (int i = 0; i < kRows; ++i) ids.push_back("W" + std::to_string(i));
+  return ids;
+}
+
+// One operation's session from the pool, against the same query on an open PGconn.
+void PgSession_petrodb(benchmark::State& state) {
+  BenchServer* p = Server(state);
+  if (!p) return;
+  std::string description;
+  for (auto _ : state) {
+    CDbManage db(p->connection.c_str());
+    db.GetDataFromDB("select * from b_project_data where ProjectName='P'");
+    db.GetFieldValue("Description", description);
+    benchmark::DoNotOptimize(description);
+  }
+}
+void PgSession_raw(benchmark::State& state) {
+  BenchServer* p = Server(state);
+  if (!p) return;
+  std::string description;
+  for (auto _ : state) {
+    PGresult* r = PQexec(p->raw, "select * from b_project_data where ProjectName='P'");
+    description = PQgetvalue(r, 0, PQfnumber(r, "description"));
+    PQclear(r);
+    benchmark::DoNotOptimize(description);
+  }
+}
+
+// A 100,000-row save, against COPY of the same rows.
+void PgSave_petrodb(benchmark::State& state) {
+  BenchServer* p = Server(state);
+  if (!p) return;
+  const auto ids = Ids();
+  for (auto _ : state) {
+    state.PauseTiming();
+    p->Exec("truncate bench_rows");
+    state.ResumeTiming();
+    CDbManage db(p->connection.c_str());
+    db.BeginSaveData("bench_rows");
+    for (int i = 0; i < kRows; ++i) {
+      db.AddNew();
+      petrodb::FieldWriter out(db);
+      out("ProjectName", "P")("WellID", ids[i])("WellName", ids[i])("WellType", "oil")("Well_SN", i * 1.5)(
+          "Well_EW", i * 1.5)("WellFlag", '1')("WellSymbol", 3)("Kb", 10.5)("Ekb", 9.5)("WellDepth", 2000.0);
+    }
+    if (!db.SaveData()) state.SkipWithError("SaveData failed");
+  }
+  state.SetItemsProcessed(state.iterations() * kRows);
+}
+void PgSave_raw(benchmark::State& state) {
+  BenchServer* p = Server(state);
+  if (!p) return;
+  const auto ids = Ids();
+  for (auto _ : state) {
+    state.PauseTiming();
+    p->Exec("truncate bench_rows");
+    state.ResumeTiming();
+    p->Exec("begin");
+    PQclear(PQexec(p->raw, "copy bench_rows from stdin"));
+    std::string buffer;
+    char number[64];
+    for (int i = 0; i < kRows; ++i) {
+      std::snprintf(number, sizeof number, "%.17g", i * 1.5);
+      buffer += "P\t" + ids[i] + "\t" + ids[i] + "\toil\t" + number + "\t" + number + "\t1\t3\t10.5\t9.5\t2000\n";
+      if (buffer.size() > (1 << 20)) {
+        PQputCopyData(p->raw, buffer.data(), static_cast<int>(buffer.size()));
+        buffer.clear();
+      }
+    }
+    PQputCopyData(p->raw, buffer.data(), static_cast<int>(buffer.size()));
+    PQputCopyEnd(p->raw, nullptr);
+    while (PGresult* r = PQgetResult(p->raw)) PQclear(r);
+    p->Exec("commit");
+  }
+  state.SetItemsProcessed(state.iterations() * kRows);
+}
+
+struct Row {
+  std::string project, id, name, type;
+  double sn = 0, ew = 0, kb = 0, ekb = 0, depth = 0;
+  char flag = 0;
+  int symbol = 0;
+};
+
+// Reading 100,000 rows by column name, against PQgetvalue by index.
+void PgRead_petrodb(benchmark::State& state) {
+  BenchServer* p = Server(state);
+  if (!p) return;
+  p->FillRows();
+  std::vector<Row> rows;
+  for (auto _ : state) {
+    rows.clear();
+    CDbManage db(p->connection.c_str());
+    petrodb::ForEachRow(db, "select * from bench_rows", false, [&](CDbManage& d) {
+      Row r;
+      petrodb::FieldReader in(d);
+      in("ProjectName", r.project)("WellID", r.id)("WellName", r.name)("WellType", r.type)("Well_SN", r.sn)(
+          "Well_EW", r.ew)("WellFlag", r.flag)("WellSymbol", r.symbol)("Kb", r.kb)("Ekb", r.ekb)("WellDepth", r.depth);
+      rows.push_back(std::move(r));
+      return true;
+    });
+    if (rows.size() != kRows) state.SkipWithError("rows lost");
+  }
+  state.SetItemsProcessed(state.iterations() * kRows);
+}
+void PgRead_raw(benchmark::State& state) {
+  BenchServer* p = Server(state);
+  if (!p) return;
+  p->FillRows();
+  std::vector<Row> rows;
+  for (auto _ : state) {
+    rows.clear();
+    PGresult* res = PQexec(p->raw, "select * from bench_rows");
+    const int n = PQntuples(res);
+    for (int i = 0; i < n; ++i) {
+      Row r;
+      r.project = PQgetvalue(res, i, 0);
+      r.id = PQgetvalue(res, i, 1);
+      r.name = PQgetvalue(res, i, 2);
+      r.type = PQgetvalue(res, i, 3);
+      r.sn = std::strtod(PQgetvalue(res, i, 4), nullptr);
+      r.ew = std::strtod(PQgetvalue(res, i, 5), nullptr);
+      r.flag = PQgetvalue(res, i, 6)[0];
+      r.symbol = static_cast<int>(std::strtol(PQgetvalue(res, i, 7), nullptr, 10));
+      r.kb = std::strtod(PQgetvalue(res, i, 8), nullptr);
+      r.ekb = std::strtod(PQgetvalue(res, i, 9), nullptr);
+      r.depth = std::strtod(PQgetvalue(res, i, 10), nullptr);
+      rows.push_back(std::move(r));
+    }
+    PQclear(res);
+    if (rows.size() != kRows) state.SkipWithError("rows lost");
+  }
+  state.SetItemsProcessed(state.iterations() * kRows);
+}
+
+// An 8 MB array written and read back, against a raw binary bytea round trip.
+void PgArray_petrodb(benchmark::State& state) {
+  BenchServer* p = Server(state);
+  if (!p) return;
+  std::vector<double> values(kArray, 1.25), back;
+  for (auto _ : state) {
+    {
+      CDbManage db(p->connection.c_str());
+      db.ExecuteSQL("delete from bench_arrays");
+      db.BeginSaveData("bench_arrays");
+      db.AddNew();
+      petrodb::FieldWriter out(db);
+      out("Name", "a")("Data", values);
+      db.SaveData();
+    }
+    CDbManage db(p->connection.c_str());
+    db.GetDataFromDB("select * from bench_arrays", true);
+    petrodb::FieldReader in(db);
+    in("Data", back);
+    if (back.size() != values.size()) state.SkipWithError("array lost");
+  }
+  state.SetBytesProcessed(state.iterations() * kArray * sizeof(double) * 2);
+}
+void PgArray_raw(benchmark::State& state) {
+  BenchServer* p = Server(state);
+  if (!p) return;
+  std::vector<double> values(kArray, 1.25), back;
+  for (auto _ : state) {
+    p->Exec("delete from bench_arrays");
+    const char* params[] = {reinterpret_cast<const char*>(values.data())};
+    const int lengths[] = {static_cast<int>(values.size() * sizeof(double))};
+    const int formats[] = {1};
+    const Oid types[] = {17};
+    PQclear(PQexecParams(p->raw, "insert into bench_arrays (Name, Data) values ('a', $1)", 1, types, params, lengths,
+                         formats, 0));
+    PGresult* r = PQexecParams(p->raw, "select * from bench_arrays", 0, nullptr, nullptr, nullptr, nullptr, 1);
+    const int bytes = PQgetlength(r, 0, 1);
+    back.resize(bytes / sizeof(double));
+    std::memcpy(back.data(), PQgetvalue(r, 0, 1), bytes);
+    PQclear(r);
+    if (back.size() != values.size()) state.SkipWithError("array lost");
+  }
+  state.SetBytesProcessed(state.iterations() * kArray * sizeof(double) * 2);
+}
+
+BENCHMARK(PgSession_petrodb)->Name("PgSession/petrodb");
+BENCHMARK(PgSession_raw)->Name("PgSession/raw");
+BENCHMARK(PgSave_petrodb)->Name("PgSave100k/petrodb")->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(PgSave_raw)->Name("PgSave100k/raw")->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(PgRead_petrodb)->Name("PgReadRows100kByName/petrodb")->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(PgRead_raw)->Name("PgReadRows100kByName/raw")->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(PgArray_petrodb)->Name("PgArray8MB/petrodb")->Unit(benchmark::kMillisecond)->Iterations(5);
+BENCHMARK(PgArray_raw)->Name("PgArray8MB/raw")->Unit(benchmark::kMillisecond)->Iterations(5);
+
+}  // namespace
+#endif
