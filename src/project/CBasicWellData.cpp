@@ -106,6 +106,11 @@ void WriteWell(CDbManage& db, const char* project, const WellRecord& w) {
       "WellSymbol", w.WellSymbol)("Kb", w.Kb)("Ekb", w.Ekb)("WellDepth", w.WellDepth);
 }
 
+template <class It>
+void SortByWellID(It begin, It end) {
+  std::stable_sort(begin, end, [](const WellRecord& a, const WellRecord& b) { return a.WellID < b.WellID; });
+}
+
 // What a host shows for a well: its name, or its ID when it has none.
 const std::string& DisplayName(const WellRecord& w) { return w.WellName.empty() ? w.WellID : w.WellName; }
 
@@ -159,7 +164,7 @@ bool CBasicWellData::ForGroupMembers(const char* project, const char* groupID, c
 bool CBasicWellData::LoadWellsAndName(const std::vector<std::string>& ids, std::vector<std::string>& names) {
   std::vector<WellRecord> wells;
   if (!LoadWellsByIDs(ids, wells)) return false;
-  std::stable_sort(wells.begin(), wells.end(), [](const WellRecord& a, const WellRecord& b) { return a.WellID < b.WellID; });
+  SortByWellID(wells.begin(), wells.end());
   AppendDisplayNames(wells, names);
   return true;
 }
@@ -275,11 +280,17 @@ bool CBasicWellData::IsWellNameExist(const char* project, const char* wellName) 
       Format("select WellID from w_well_data where ProjectName = '%s' and WellName = '%s'", project, wellName));
 }
 
+// The rows of each batch come in the engine's order; the members are given in
+// WellID order.
 bool CBasicWellData::LoadGroupWells(const char* project, const char* groupID, std::vector<WellRecord>& records) {
-  return ForGroupMembers(project, groupID, "select * from w_well_data where ProjectName = '%s' and WellID in ('%s')",
-                         [&](CDbManage& db, const std::string& statement) {
-                           return petrodb::SelectRecords(db, statement, records, ReadWell);
-                         });
+  const std::size_t first = records.size();
+  const bool ok = ForGroupMembers(project, groupID,
+                                  "select * from w_well_data where ProjectName = '%s' and WellID in ('%s')",
+                                  [&](CDbManage& db, const std::string& statement) {
+                                    return petrodb::SelectRecords(db, statement, records, ReadWell);
+                                  });
+  SortByWellID(records.begin() + first, records.end());
+  return ok;
 }
 
 bool CBasicWellData::LoadProjectWells(const char* project, std::vector<WellRecord>& records) {
@@ -287,11 +298,14 @@ bool CBasicWellData::LoadProjectWells(const char* project, std::vector<WellRecor
 }
 
 bool CBasicWellData::GetGroupWellIDs(const char* project, const char* groupID, std::vector<std::string>& ids) {
-  return ForGroupMembers(project, groupID,
-                         "select WellID from w_well_data where ProjectName = '%s' and WellID in ('%s')",
-                         [&](CDbManage& db, const std::string& statement) {
-                           return petrodb::SelectColumn(db, statement, "WellID", ids);
-                         });
+  const std::size_t first = ids.size();
+  const bool ok = ForGroupMembers(project, groupID,
+                                  "select WellID from w_well_data where ProjectName = '%s' and WellID in ('%s')",
+                                  [&](CDbManage& db, const std::string& statement) {
+                                    return petrodb::SelectColumn(db, statement, "WellID", ids);
+                                  });
+  std::stable_sort(ids.begin() + first, ids.end());
+  return ok;
 }
 
 bool CBasicWellData::GetProjectWellIDs(const char* project, std::vector<std::string>& ids) {

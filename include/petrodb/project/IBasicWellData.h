@@ -70,7 +70,7 @@ class IBasicWellData : public IDataBase {
   virtual bool LoadGroupWells(const char* project, const char* groupID, std::vector<WellRecord>& records) = 0;
   // Appends every well of the project.
   virtual bool LoadProjectWells(const char* project, std::vector<WellRecord>& records) = 0;
-  // Appends the IDs of the group's wells that belong to the project.
+  // Appends the IDs of the group's wells that belong to the project, in order.
   virtual bool GetGroupWellIDs(const char* project, const char* groupID, std::vector<std::string>& ids) = 0;
   // Appends the project's well IDs in order.
   virtual bool GetProjectWellIDs(const char* project, std::vector<std::string>& ids) = 0;
