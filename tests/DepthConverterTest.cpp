@@ -1,12 +1,12 @@
 // Measured depth to TVD, TVDSS and map position, against cases worked out by hand
 // and by numerical integration of the well path.
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdlib>
 #include <numbers>
-
-#include <gtest/gtest.h>
 
 #include "petrodb/welllog/DepthConverter.h"
 
@@ -83,9 +83,9 @@ TEST(DepthConverterTest, TurningArcMatchesNumericalIntegration) {
       const double sigma = k * h / length;
       const double w = (k == 0 || k == n) ? 1 : (k % 2 ? 4 : 2);
       for (int j = 0; j < 3; ++j) {
-        const double v =
-            beta == 0 ? t1[j]
-                      : (std::sin((1 - sigma) * beta) * t1[j] + std::sin(sigma * beta) * t2[j]) / std::sin(beta);
+        const double v = beta == 0
+                             ? t1[j]
+                             : (std::sin((1 - sigma) * beta) * t1[j] + std::sin(sigma * beta) * t2[j]) / std::sin(beta);
         sum[j] += w * v;
       }
     }

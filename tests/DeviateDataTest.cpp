@@ -34,8 +34,8 @@ class DeviateDataTest : public ProjectTest {
 void ExpectSame(const DeviationSurvey& a, const DeviationSurvey& b) {
   EXPECT_EQ(a.WellID, b.WellID);
   for (auto m : {&DeviationSurvey::Md, &DeviationSurvey::Azimuth, &DeviationSurvey::Inclination,
-                 &DeviationSurvey::Xoffset, &DeviationSurvey::Yoffset, &DeviationSurvey::Xcoor,
-                 &DeviationSurvey::Ycoor, &DeviationSurvey::Tvd, &DeviationSurvey::Tvdss})
+                 &DeviationSurvey::Xoffset, &DeviationSurvey::Yoffset, &DeviationSurvey::Xcoor, &DeviationSurvey::Ycoor,
+                 &DeviationSurvey::Tvd, &DeviationSurvey::Tvdss})
     EXPECT_EQ(a.*m, b.*m);
 }
 

@@ -45,8 +45,9 @@ TEST_F(LogDataTest, SamplesComeBackBitForBit) {
   double payloadNan;
   const std::uint64_t bits = 0x7ff8dead0000beefULL;
   std::memcpy(&payloadNan, &bits, sizeof bits);
-  log.Curves[1].Values = {-0.0, std::numeric_limits<double>::denorm_min(), payloadNan,
-                          std::numeric_limits<double>::infinity(), 0.1 + 0.2, -1e308};
+  log.Curves[1].Values = {-0.0,       std::numeric_limits<double>::denorm_min(),
+                          payloadNan, std::numeric_limits<double>::infinity(),
+                          0.1 + 0.2,  -1e308};
   log.Curves[0].Values = {1, 2, 3, 4, 5, 6};
   ASSERT_TRUE(logs_->SaveWellLog(log));
   WellLog back;
@@ -63,9 +64,9 @@ TEST_F(LogDataTest, SamplesComeBackBitForBit) {
 
 TEST_F(LogDataTest, SaveStatementsAndRefusals) {
   ASSERT_TRUE(logs_->SaveWellLog(Sample("W1", {"GR", "SP"})));
-  EXPECT_EQ(sql_.texts("ExecuteSQL"), std::vector<std::string>{
-                                          "delete from  w_log_data where CurveName in ( 'DEPT','GR','SP' ) AND "
-                                          "WellID='W1'"});
+  EXPECT_EQ(sql_.texts("ExecuteSQL"),
+            std::vector<std::string>{"delete from  w_log_data where CurveName in ( 'DEPT','GR','SP' ) AND "
+                                     "WellID='W1'"});
   EXPECT_EQ(Query("select DepthCurveName from w_log_data where WellID='W1' order by CurveName"),
             (std::vector<std::string>{"DEPT", "DEPT", "DEPT"}));
 
@@ -131,9 +132,9 @@ TEST_F(LogDataTest, LoadsReturnDepthCurvesWithTheirCurves) {
   WellLog two;
   sql_.clear();
   ASSERT_TRUE(logs_->LoadCurves("W1", {"SP"}, two));
-  EXPECT_EQ(sql_.texts(), (std::vector<std::string>{
-                              "select * from w_log_data where WellID='W1' and CurveName in ( 'SP' )",
-                              "select * from w_log_data where WellID='W1' and CurveName in ( 'DEPT' )"}));
+  EXPECT_EQ(sql_.texts(),
+            (std::vector<std::string>{"select * from w_log_data where WellID='W1' and CurveName in ( 'SP' )",
+                                      "select * from w_log_data where WellID='W1' and CurveName in ( 'DEPT' )"}));
   ASSERT_EQ(two.Curves.size(), 2u);
   EXPECT_EQ(two.Find("SP")->DepthCurve, two.Find("DEPT"));
 
@@ -176,8 +177,7 @@ TEST_F(LogDataTest, DepthCurveGoesWithItsLastUser) {
                 "w_log_data",
                 "delete from w_log_data where wellid = 'W1' and depthcurvename not in( select distinct "
                 "depthcurvename from w_log_data b where depthcurvename <> curvename and wellid = 'W1' )"}));
-  EXPECT_EQ(Query("select CurveName from w_log_data order by CurveName"),
-            (std::vector<std::string>{"DEPT", "SP"}));
+  EXPECT_EQ(Query("select CurveName from w_log_data order by CurveName"), (std::vector<std::string>{"DEPT", "SP"}));
   ASSERT_TRUE(logs_->DeleteCurve("W1", "SP"));
   EXPECT_TRUE(Query("select CurveName from w_log_data").empty());
 
@@ -204,7 +204,8 @@ TEST_F(LogDataTest, CheckCurvesExistSendsBatchesOfTwenty) {
   EXPECT_EQ(count(sent[0]), 20);
   EXPECT_EQ(count(sent[1]), 20);
   EXPECT_EQ(count(sent[2]), 5);
-  EXPECT_EQ(sent[2], "select CurveName from w_log_data where WellID='W1' and CurveName in('C40','C41','C42','C43','C7')");
+  EXPECT_EQ(sent[2],
+            "select CurveName from w_log_data where WellID='W1' and CurveName in('C40','C41','C42','C43','C7')");
   ASSERT_EQ(flags.size(), 45u);
   for (int i = 0; i < 45; ++i) EXPECT_EQ(flags[i], i == 7 || i == 30 ? 1 : 0) << i;
 }
@@ -214,8 +215,7 @@ TEST_F(LogDataTest, SaveWellLogsReplacesWholeWellsWhenTheSessionCloses) {
   sql_.clear();
   ASSERT_TRUE(logs_->SaveWellLogs(0, {Sample("W1", {"GR"}), Sample("W2", {"SP"})}));
   EXPECT_TRUE(sql_.texts("SaveData").size() <= 1u);
-  EXPECT_EQ(sql_.texts("ExecuteSQL"),
-            std::vector<std::string>{"delete from  w_log_data where WellID in ('W1','W2')"});
+  EXPECT_EQ(sql_.texts("ExecuteSQL"), std::vector<std::string>{"delete from  w_log_data where WellID in ('W1','W2')"});
   EXPECT_EQ(Query("select WellID || '/' || CurveName from w_log_data order by WellID, CurveName"),
             (std::vector<std::string>{"W1/DEPT", "W1/GR", "W2/DEPT", "W2/SP"}));
   EXPECT_FALSE(logs_->SaveWellLogs(0, {}));

@@ -58,9 +58,7 @@ Item ParseItem(const std::string& line) {
   return item;
 }
 
-bool ValidMnemonic(const std::string& m) {
-  return !m.empty() && m.find_first_of(" \t.:~") == std::string::npos;
-}
+bool ValidMnemonic(const std::string& m) { return !m.empty() && m.find_first_of(" \t.:~") == std::string::npos; }
 
 }  // namespace
 
@@ -116,7 +114,9 @@ bool Read(std::istream& in, File& file, std::string& error) {
         file.well.push_back(std::move(item));
         break;
       }
-      case 'P': file.parameters.push_back(ParseItem(text)); break;
+      case 'P':
+        file.parameters.push_back(ParseItem(text));
+        break;
       case 'C': {
         const Item item = ParseItem(text);
         Curve curve{item.mnemonic, item.unit, item.description, {}};
@@ -143,7 +143,8 @@ bool Read(std::istream& in, File& file, std::string& error) {
         }
         break;
       }
-      default: break;  // ~O and unknown sections
+      default:
+        break;  // ~O and unknown sections
     }
   }
   if (!sawVersion && !sawData) {
@@ -234,7 +235,8 @@ bool Write(std::ostream& out, const File& file, std::string& error) {
   }
   out << "~ASCII\n";
   for (std::size_t r = 0; r < index.size(); ++r) {
-    for (std::size_t c = 0; c < file.curves.size(); ++c) out << (c ? " " : "") << FormatNumber(file.curves[c].values[r]);
+    for (std::size_t c = 0; c < file.curves.size(); ++c)
+      out << (c ? " " : "") << FormatNumber(file.curves[c].values[r]);
     out << "\n";
   }
   if (!out) {
@@ -248,7 +250,8 @@ void ToWellLog(const File& file, const std::string& wellID, WellLog& log) {
   log.WellID = wellID;
   log.NullValue = file.nullValue;
   log.Curves.clear();
-  for (const auto& curve : file.curves) log.Curves.push_back(LogCurve{curve.mnemonic, curve.unit, nullptr, curve.values});
+  for (const auto& curve : file.curves)
+    log.Curves.push_back(LogCurve{curve.mnemonic, curve.unit, nullptr, curve.values});
   std::vector<std::string> depthNames(log.Curves.size(), file.curves.front().mnemonic);
   log.Link(depthNames);
 }

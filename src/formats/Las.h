@@ -37,8 +37,8 @@ struct File {
   std::vector<Item> parameters;  // ~P
   std::vector<Curve> curves;     // ~C and ~A; the first is the index
   double nullValue = -999.25;
-  bool hasNull = false;  // the file gave NULL
-  bool wrapped = false;  // the file said WRAP. YES
+  bool hasNull = false;               // the file gave NULL
+  bool wrapped = false;               // the file said WRAP. YES
   std::vector<std::string> warnings;  // what the reader skipped or renamed
 
   // The ~W item with this mnemonic (case ignored), or null.

@@ -1,4 +1,6 @@
 #include "dbaccess/DataObject.h"
+#include "dbaccess/RecordLists.h"
+#include "dbaccess/TableStatements.h"
 #include "petrodb/welllog/IAliasData.h"
 
 using petrodb::FieldReader;
@@ -26,8 +28,8 @@ namespace {
 // ImageType is written but never read back: loads leave it at 0.
 void WriteRow(CDbManage& db, const ImageAlias& a) {
   db.AddNew();
-  FieldWriter{db}("AliasName", a.AliasName)("ImageType", a.ImageType)("ImageFacet", a.ImageFacet)(
-      "ImageName", a.ImageName);
+  FieldWriter{db}("AliasName", a.AliasName)("ImageType", a.ImageType)("ImageFacet", a.ImageFacet)("ImageName",
+                                                                                                  a.ImageName);
 }
 
 }  // namespace
@@ -35,16 +37,9 @@ void WriteRow(CDbManage& db, const ImageAlias& a) {
 bool CAliasData::Load(const std::string& statement, std::vector<ImageAlias>& aliases) {
   aliases.clear();
   CDbManage db(connectionString.c_str());
-  bool complete = true;
-  const auto result = ForEachRow(db, statement, false, [&](CDbManage& row) {
-    ImageAlias a;
-    FieldReader in(row);
-    in("AliasName", a.AliasName)("ImageFacet", a.ImageFacet)("ImageName", a.ImageName);
-    complete = in.ok();
-    if (complete) aliases.push_back(std::move(a));
-    return complete;
-  });
-  return result == kRowsFound && complete;
+  return petrodb::SelectRecords(db, statement, aliases, [](CDbManage& row, ImageAlias& a) {
+           return FieldReader(row)("AliasName", a.AliasName)("ImageFacet", a.ImageFacet)("ImageName", a.ImageName).ok();
+         }) == kRowsFound;
 }
 
 bool CAliasData::LoadImageAliases(std::vector<ImageAlias>& aliases) {
@@ -73,7 +68,5 @@ bool CAliasData::SaveImageAliases(const std::vector<ImageAlias>& aliases) {
 }
 
 bool CAliasData::DeleteAllImageAliases() {
-  CDbManage db(connectionString.c_str());
-  if (petrodb::TableMissing(db, "b_image_alias")) return false;
-  return db.ExecuteSQL("delete from  b_image_alias");
+  return petrodb::ExecuteOnTable(connectionString, "b_image_alias", "delete from  b_image_alias");
 }

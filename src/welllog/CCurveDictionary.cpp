@@ -1,4 +1,6 @@
 #include "dbaccess/DataObject.h"
+#include "dbaccess/RecordLists.h"
+#include "dbaccess/TableStatements.h"
 #include "petrodb/welllog/ICurveDictionary.h"
 
 using petrodb::AfxMessageBox;
@@ -41,14 +43,16 @@ bool ReadDisplay(CDbManage& row, CurveTemplate& e) {
   return in.ok();
 }
 
-bool ReadAll(CDbManage& row, CurveTemplate& e) { return row.GetFieldValue("CurveName", e.CurveName) && ReadDisplay(row, e); }
+bool ReadAll(CDbManage& row, CurveTemplate& e) {
+  return row.GetFieldValue("CurveName", e.CurveName) && ReadDisplay(row, e);
+}
 
 void WriteRow(CDbManage& db, const CurveTemplate& e) {
   db.AddNew();
   FieldWriter out(db);
   out("CurveName", e.CurveName)("DisplayName", e.DisplayName)("CurveUnit", e.CurveUnit)("LeftValue", e.LeftValue)(
-      "RightValue", e.RightValue)("CurveType", e.CurveType)("Color", e.Color)("CurveWidth", e.CurveWidth)(
-      "CoorType", e.CoorType);
+      "RightValue", e.RightValue)("CurveType", e.CurveType)("Color", e.Color)("CurveWidth", e.CurveWidth)("CoorType",
+                                                                                                          e.CoorType);
 }
 
 std::vector<std::string> Names(const std::vector<CurveTemplate>& entries) {
@@ -61,12 +65,7 @@ std::vector<std::string> Names(const std::vector<CurveTemplate>& entries) {
 
 bool CCurveDictionary::ReadNames(const char* statement, const char* column, std::vector<std::string>& names) {
   CDbManage db(connectionString.c_str());
-  return ForEachRow(db, statement, false, [&](CDbManage& row) {
-           std::string name;
-           if (!row.GetFieldValue(column, name)) return false;
-           names.push_back(name);
-           return true;
-         }) == kRowsFound;
+  return petrodb::SelectColumn(db, statement, column, names) == kRowsFound;
 }
 
 bool CCurveDictionary::GetCurveNames(std::vector<std::string>& names) {
@@ -102,14 +101,7 @@ bool CCurveDictionary::LoadTemplateByAlias(const char* name, CurveTemplate& entr
 bool CCurveDictionary::LoadAllTemplates(std::vector<CurveTemplate>& entries) {
   entries.clear();
   CDbManage db(connectionString.c_str());
-  bool complete = true;
-  const auto result = ForEachRow(db, "select * from w_curve_dictionary", false, [&](CDbManage& row) {
-    CurveTemplate e;
-    complete = ReadAll(row, e);
-    if (complete) entries.push_back(std::move(e));
-    return complete;
-  });
-  return result == kRowsFound && complete;
+  return petrodb::SelectRecords(db, "select * from w_curve_dictionary", entries, ReadAll) == kRowsFound;
 }
 
 bool CCurveDictionary::IsTemplateExist(const char* curveName) {
@@ -137,19 +129,14 @@ bool CCurveDictionary::SaveTemplates(int, const std::vector<CurveTemplate>& entr
 }
 
 bool CCurveDictionary::DeleteTemplate(const char* curveName) {
-  if (Empty(curveName)) {
-    AfxMessageBox("曲线名称不能为空！");
-    return false;
-  }
-  CDbManage db(connectionString.c_str());
-  if (petrodb::TableMissing(db, "w_curve_dictionary")) return false;
-  return db.ExecuteSQL(Format("delete from w_curve_dictionary where CurveName='%s'", curveName).c_str());
+  return petrodb::KeyGiven(curveName, "曲线名称不能为空！") &&
+         petrodb::ExecuteOnTable(connectionString, "w_curve_dictionary",
+                                 Format("delete from w_curve_dictionary where CurveName='%s'", curveName));
 }
 
 bool CCurveDictionary::DeleteTemplates(std::vector<std::string> names) {
-  CDbManage db(connectionString.c_str());
-  if (petrodb::TableMissing(db, "w_curve_dictionary")) return false;
-  return db.ExecuteSQL(Format("delete from  w_curve_dictionary where CurveName in (%s)", QuoteEach(names)).c_str());
+  return petrodb::ExecuteOnTable(connectionString, "w_curve_dictionary",
+                                 Format("delete from  w_curve_dictionary where CurveName in (%s)", QuoteEach(names)));
 }
 
 bool CCurveDictionary::DeleteAllTemplates(const char* projectName) {

@@ -1,4 +1,5 @@
 #include "dbaccess/DataObject.h"
+#include "dbaccess/RecordLists.h"
 #include "petrodb/welllog/ICurvealiasData.h"
 
 using petrodb::AfxMessageBox;
@@ -20,28 +21,16 @@ PETRODB_REGISTER_CLASS(CCurvealiasData, ICurvealiasData)
 bool CCurvealiasData::LoadAllAliases(std::vector<CurveAliasEntry>& aliases) {
   aliases.clear();
   CDbManage db(connectionString.c_str());
-  bool complete = true;
-  const auto result = ForEachRow(db, "select * from w_curvealias_data", false, [&](CDbManage& row) {
-    CurveAliasEntry e;
-    FieldReader in(row);
-    in("CurveName", e.CurveName)("CurveAlias", e.CurveAlias);
-    complete = in.ok();
-    if (complete) aliases.push_back(std::move(e));
-    return complete;
-  });
-  return result == kRowsFound && complete;
+  return petrodb::SelectRecords(db, "select * from w_curvealias_data", aliases, [](CDbManage& row, CurveAliasEntry& e) {
+           return FieldReader(row)("CurveName", e.CurveName)("CurveAlias", e.CurveAlias).ok();
+         }) == kRowsFound;
 }
 
 bool CCurvealiasData::GetAliasesOfCurve(const char* curveName, std::vector<std::string>& aliases) {
   aliases.clear();
   CDbManage db(connectionString.c_str());
-  return ForEachRow(db, Format("select * from w_curvealias_data where CurveName='%s'", curveName), false,
-                    [&](CDbManage& row) {
-                      std::string alias;
-                      if (!row.GetFieldValue("CurveAlias", alias)) return false;
-                      aliases.push_back(alias);
-                      return true;
-                    }) == kRowsFound;
+  return petrodb::SelectColumn(db, Format("select * from w_curvealias_data where CurveName='%s'", curveName),
+                               "CurveAlias", aliases) == kRowsFound;
 }
 
 bool CCurvealiasData::SaveAllAliases(const std::vector<CurveAliasEntry>& aliases) {

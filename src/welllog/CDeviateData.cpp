@@ -1,4 +1,6 @@
 #include "dbaccess/DataObject.h"
+#include "dbaccess/RecordLists.h"
+#include "dbaccess/TableStatements.h"
 #include "petrodb/welllog/IDeviateData.h"
 
 using petrodb::AfxMessageBox;
@@ -33,8 +35,6 @@ PETRODB_REGISTER_CLASS(CDeviateData, IDeviateData)
 
 namespace {
 
-bool Empty(const char* s) { return !s || !*s; }
-
 // The nine arrays in table order; the first that cannot be read stops the rest.
 bool ReadArrays(CDbManage& row, DeviationSurvey& s) {
   FieldReader in(row);
@@ -54,12 +54,7 @@ void WriteRow(CDbManage& db, const DeviationSurvey& s) {
 
 bool CDeviateData::ReadIDs(const std::string& statement, std::vector<std::string>& ids) {
   CDbManage db(connectionString.c_str());
-  return ForEachRow(db, statement, false, [&](CDbManage& row) {
-           std::string id;
-           if (!row.GetFieldValue("WellID", id)) return false;
-           ids.push_back(id);
-           return true;
-         }) == kRowsFound;
+  return petrodb::SelectColumn(db, statement, "WellID", ids) == kRowsFound;
 }
 
 bool CDeviateData::LoadList(const std::string& statement, std::vector<DeviationSurvey>& surveys) {
@@ -103,8 +98,7 @@ bool CDeviateData::LoadProjectSurveys(const char* projectName, std::vector<Devia
 
 bool CDeviateData::IsSurveyExist(const char* wellID) {
   CDbManage db(connectionString.c_str());
-  return db.GetDataFromDB(Format("select WellID from  w_deviate_well where WellID='%s'", wellID).c_str()) ==
-         kRowsFound;
+  return db.GetDataFromDB(Format("select WellID from  w_deviate_well where WellID='%s'", wellID).c_str()) == kRowsFound;
 }
 
 bool CDeviateData::SaveSurvey(const DeviationSurvey& survey) {
@@ -139,30 +133,21 @@ bool CDeviateData::SaveSurveys(int, const std::vector<DeviationSurvey>& surveys)
 }
 
 bool CDeviateData::DeleteSurvey(const char* wellID) {
-  if (Empty(wellID)) {
-    AfxMessageBox("井名称不能为空！");
-    return false;
-  }
-  CDbManage db(connectionString.c_str());
-  if (petrodb::TableMissing(db, "w_deviate_well")) return false;
-  return db.ExecuteSQL(Format("delete from  w_deviate_well where WellID='%s'", wellID).c_str());
+  return petrodb::KeyGiven(wellID, "井名称不能为空！") &&
+         petrodb::ExecuteOnTable(connectionString, "w_deviate_well",
+                                 Format("delete from  w_deviate_well where WellID='%s'", wellID));
 }
 
 bool CDeviateData::DeleteSurveys(std::vector<std::string> wellIDs) {
-  CDbManage db(connectionString.c_str());
-  if (petrodb::TableMissing(db, "w_deviate_well")) return false;
-  return db.ExecuteSQL(Format("delete from  w_deviate_well where WellID in (%s)", QuoteEach(wellIDs)).c_str());
+  return petrodb::ExecuteOnTable(connectionString, "w_deviate_well",
+                                 Format("delete from  w_deviate_well where WellID in (%s)", QuoteEach(wellIDs)));
 }
 
 bool CDeviateData::DeleteProjectSurveys(const char* projectName) {
-  if (Empty(projectName)) {
-    AfxMessageBox("工区名称不能为空！");
-    return false;
-  }
-  CDbManage db(connectionString.c_str());
-  if (petrodb::TableMissing(db, "w_deviate_well")) return false;
-  return db.ExecuteSQL(Format("delete from w_deviate_well where exists( select wellid from w_well_data where "
-                              "w_well_data.wellid = w_deviate_well.wellid and  w_well_data.ProjectName = '%s' )",
-                              projectName)
-                           .c_str());
+  return petrodb::KeyGiven(projectName, "工区名称不能为空！") &&
+         petrodb::ExecuteOnTable(
+             connectionString, "w_deviate_well",
+             Format("delete from w_deviate_well where exists( select wellid from w_well_data where "
+                    "w_well_data.wellid = w_deviate_well.wellid and  w_well_data.ProjectName = '%s' )",
+                    projectName));
 }

@@ -2,6 +2,8 @@
 #include <set>
 
 #include "dbaccess/DataObject.h"
+#include "dbaccess/RecordLists.h"
+#include "dbaccess/TableStatements.h"
 #include "petrodb/welllog/ILogData.h"
 
 using petrodb::AfxMessageBox;
@@ -132,13 +134,7 @@ bool ReadCurveRow(CDbManage& row, WellLog& log, LogCurve& curve, std::string& de
 
 bool CLogData::ReadNames(const std::string& statement, const char* column, std::vector<std::string>& names) {
   CDbManage db(connectionString.c_str());
-  const auto result = ForEachRow(db, statement, false, [&](CDbManage& row) {
-    std::string name;
-    if (!row.GetFieldValue(column, name)) return false;
-    names.push_back(name);
-    return true;
-  });
-  return result == kRowsFound;
+  return petrodb::SelectColumn(db, statement, column, names) == kRowsFound;
 }
 
 bool CLogData::LoadRows(CDbManage& db, const std::string& statement, Rows& rows) {
@@ -186,8 +182,8 @@ bool CLogData::GetCurveAndDepthNames(const char* wellID, std::vector<std::string
                                      std::vector<std::string>& depthCurveNames) {
   CDbManage db(connectionString.c_str());
   const auto result = ForEachRow(
-      db, Format("select CurveName, DepthCurveName from w_log_data where WellID='%s'order by CurveName", wellID),
-      false, [&](CDbManage& row) {
+      db, Format("select CurveName, DepthCurveName from w_log_data where WellID='%s'order by CurveName", wellID), false,
+      [&](CDbManage& row) {
         std::string name, depth;
         FieldReader in(row);
         in("CurveName", name)("DepthCurveName", depth);
@@ -200,8 +196,8 @@ bool CLogData::GetCurveAndDepthNames(const char* wellID, std::vector<std::string
 }
 
 bool CLogData::GetDepthCurveNames(const char* wellID, std::vector<std::string>& depthCurveNames) {
-  return ReadNames(Format("select distinct DepthCurveName from w_log_data where WellID='%s'", wellID),
-                   "DepthCurveName", depthCurveNames);
+  return ReadNames(Format("select distinct DepthCurveName from w_log_data where WellID='%s'", wellID), "DepthCurveName",
+                   depthCurveNames);
 }
 
 bool CLogData::LoadDepthCurves(const char* wellID, WellLog& log) {
@@ -209,20 +205,20 @@ bool CLogData::LoadDepthCurves(const char* wellID, WellLog& log) {
   PurgeOrphanDepthCurves(db, wellID);
   log.WellID = Text(wellID);
   log.Curves.clear();
-  const auto result = ForEachRow(
-      db,
-      Format("select NullValue, CurveValue, CurveName from w_log_data where WellID='%s' and CurveName = "
-             "DepthCurveName ",
-             wellID),
-      true, [&](CDbManage& row) {
-        LogCurve curve;
-        if (!row.GetFieldValue("NullValue", log.NullValue)) return false;
-        Variant samples;
-        if (row.GetFieldValue("CurveValue", samples)) VariantToDoubleArray(samples, curve.Values);
-        if (!row.GetFieldValue("CurveName", curve.CurveName)) return false;
-        log.Curves.push_back(std::move(curve));
-        return true;
-      });
+  const auto result =
+      ForEachRow(db,
+                 Format("select NullValue, CurveValue, CurveName from w_log_data where WellID='%s' and CurveName = "
+                        "DepthCurveName ",
+                        wellID),
+                 true, [&](CDbManage& row) {
+                   LogCurve curve;
+                   if (!row.GetFieldValue("NullValue", log.NullValue)) return false;
+                   Variant samples;
+                   if (row.GetFieldValue("CurveValue", samples)) VariantToDoubleArray(samples, curve.Values);
+                   if (!row.GetFieldValue("CurveName", curve.CurveName)) return false;
+                   log.Curves.push_back(std::move(curve));
+                   return true;
+                 });
   for (auto& curve : log.Curves) curve.DepthCurve = &curve;
   return result == kRowsFound;
 }
@@ -441,8 +437,8 @@ bool CLogData::DeleteCurve(const char* wellID, const char* curveName) {
           Format("select DepthCurveName from w_log_data where WellID='%s' and CurveName='%s'", wellID, curveName)
               .c_str()) == kRowsFound &&
       db.GetFieldValue("DepthCurveName", depth);
-  const bool deleted = db.ExecuteSQL(
-      Format("delete from  w_log_data where WellID='%s' and CurveName='%s'", wellID, curveName).c_str());
+  const bool deleted =
+      db.ExecuteSQL(Format("delete from  w_log_data where WellID='%s' and CurveName='%s'", wellID, curveName).c_str());
   if (hasDepth && db.GetDataFromDB(Format("select CurveName from w_log_data where WellID='%s' and "
                                           "DepthCurveName='%s' and CurveName<>'%s'",
                                           wellID, depth, depth)
@@ -453,44 +449,29 @@ bool CLogData::DeleteCurve(const char* wellID, const char* curveName) {
 }
 
 bool CLogData::DeleteCurves(const char* wellID, const std::vector<std::string>& curveNames) {
-  if (Empty(wellID)) {
-    AfxMessageBox(kEmptyWell);
-    return false;
-  }
-  CDbManage db(connectionString.c_str());
-  if (petrodb::TableMissing(db, "w_log_data")) return false;
-  return db.ExecuteSQL(Format("delete from  w_log_data where CurveName in ( %s ) AND WellID='%s'",
-                              QuoteEach(curveNames), wellID)
-                           .c_str());
+  return petrodb::KeyGiven(wellID, kEmptyWell) &&
+         petrodb::ExecuteOnTable(connectionString, "w_log_data",
+                                 Format("delete from  w_log_data where CurveName in ( %s ) AND WellID='%s'",
+                                        QuoteEach(curveNames), wellID));
 }
 
 bool CLogData::DeleteWellLog(const char* wellID) {
-  if (Empty(wellID)) {
-    AfxMessageBox(kEmptyWell);
-    return false;
-  }
-  CDbManage db(connectionString.c_str());
-  if (petrodb::TableMissing(db, "w_log_data")) return false;
-  return db.ExecuteSQL(Format("delete from  w_log_data where WellID='%s'", wellID).c_str());
+  return petrodb::KeyGiven(wellID, kEmptyWell) &&
+         petrodb::ExecuteOnTable(connectionString, "w_log_data",
+                                 Format("delete from  w_log_data where WellID='%s'", wellID));
 }
 
 bool CLogData::DeleteWellLogs(const std::vector<std::string>& wellIDs) {
-  CDbManage db(connectionString.c_str());
-  if (petrodb::TableMissing(db, "w_log_data")) return false;
-  return db.ExecuteSQL(Format("delete from  w_log_data where WellID in (%s)", QuoteEach(wellIDs)).c_str());
+  return petrodb::ExecuteOnTable(connectionString, "w_log_data",
+                                 Format("delete from  w_log_data where WellID in (%s)", QuoteEach(wellIDs)));
 }
 
 bool CLogData::DeleteProjectLogs(const char* projectName) {
-  if (Empty(projectName)) {
-    AfxMessageBox("工区名称不能为空！");
-    return false;
-  }
-  CDbManage db(connectionString.c_str());
-  if (petrodb::TableMissing(db, "w_log_data")) return false;
-  return db.ExecuteSQL(Format("delete from w_log_data where exists( select * from w_well_data where "
-                              "w_well_data.wellid = w_log_data.wellid and  w_well_data.ProjectName = '%s' )",
-                              projectName)
-                           .c_str());
+  return petrodb::KeyGiven(projectName, "工区名称不能为空！") &&
+         petrodb::ExecuteOnTable(connectionString, "w_log_data",
+                                 Format("delete from w_log_data where exists( select * from w_well_data where "
+                                        "w_well_data.wellid = w_log_data.wellid and  w_well_data.ProjectName = '%s' )",
+                                        projectName));
 }
 
 bool CLogData::IsCurveExist(const char* wellID, const char* curveName) {

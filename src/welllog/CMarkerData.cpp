@@ -1,6 +1,8 @@
 #include <memory>
 
 #include "dbaccess/DataObject.h"
+#include "dbaccess/RecordLists.h"
+#include "dbaccess/TableStatements.h"
 #include "petrodb/project/IBasicWellData.h"
 #include "petrodb/welllog/DepthConverter.h"
 #include "petrodb/welllog/IDeviateData.h"
@@ -19,8 +21,7 @@ class CMarkerData final : public petrodb::CDataObject<IMarkerData> {
   bool GetMarkerWellIDs(const char* projectName, std::vector<std::string>& wellIDs) override;
   bool GetProjectMarkerNames(const char* projectName, std::vector<std::string>& names) override;
   bool GetWellMarkerNames(const char* wellID, std::vector<std::string>& names) override;
-  bool LoadMarkersByName(const char* markerName, const char* projectName,
-                         std::vector<MarkerRecord>& records) override;
+  bool LoadMarkersByName(const char* markerName, const char* projectName, std::vector<MarkerRecord>& records) override;
   bool LoadMarkersOfWells(const std::vector<std::string>& wellIDs, const char* markerName,
                           std::vector<MarkerRecord>& records) override;
   bool LoadMarkersOfWells(const std::vector<std::string>& wellIDs, std::vector<MarkerRecord>& records) override;
@@ -65,12 +66,7 @@ std::unique_ptr<Interface> CMarkerData::Create(const char* interfaceName) {
 
 bool CMarkerData::ReadNames(const std::string& statement, const char* column, std::vector<std::string>& names) {
   CDbManage db(connectionString.c_str());
-  return ForEachRow(db, statement, false, [&](CDbManage& row) {
-           std::string name;
-           if (!row.GetFieldValue(column, name)) return false;
-           names.push_back(name);
-           return true;
-         }) == kRowsFound;
+  return petrodb::SelectColumn(db, statement, column, names) == kRowsFound;
 }
 
 bool CMarkerData::LoadMarkers(const std::string& statement, std::vector<MarkerRecord>& records) {
@@ -79,9 +75,7 @@ bool CMarkerData::LoadMarkers(const std::string& statement, std::vector<MarkerRe
 }
 
 bool CMarkerData::Execute(const std::string& statement) {
-  CDbManage db(connectionString.c_str());
-  if (petrodb::TableMissing(db, "w_marker")) return false;
-  return db.ExecuteSQL(statement.c_str());
+  return petrodb::ExecuteOnTable(connectionString, "w_marker", statement);
 }
 
 bool CMarkerData::GetMarkerWellIDs(const char* projectName, std::vector<std::string>& wellIDs) {
@@ -212,11 +206,8 @@ bool CMarkerData::SaveMarkers(int, const std::vector<WellMarkers>& list) {
 }
 
 bool CMarkerData::DeleteWellMarkers(const char* wellID) {
-  if (Empty(wellID)) {
-    AfxMessageBox("井名称不能为空！");
-    return false;
-  }
-  return Execute(Format("delete from  w_marker where WellID='%s' and Source = '%s'", wellID, kSource));
+  return petrodb::KeyGiven(wellID, "井名称不能为空！") &&
+         Execute(Format("delete from  w_marker where WellID='%s' and Source = '%s'", wellID, kSource));
 }
 
 bool CMarkerData::DeleteMarkersOfWells(const std::vector<std::string>& wellIDs) {
@@ -225,11 +216,8 @@ bool CMarkerData::DeleteMarkersOfWells(const std::vector<std::string>& wellIDs) 
 }
 
 bool CMarkerData::DeleteProjectMarkers(const char* projectName) {
-  if (Empty(projectName)) {
-    AfxMessageBox("工区名称不能为空！");
-    return false;
-  }
-  return Execute(Format("delete from w_marker where Source='%s' and exists( select wellid from w_well_data where "
+  return petrodb::KeyGiven(projectName, "工区名称不能为空！") &&
+         Execute(Format("delete from w_marker where Source='%s' and exists( select wellid from w_well_data where "
                         "w_well_data.wellid =w_marker.wellid and w_well_data.ProjectName ='%s')",
                         kSource, projectName));
 }

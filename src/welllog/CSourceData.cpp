@@ -1,4 +1,6 @@
 #include "dbaccess/DataObject.h"
+#include "dbaccess/RecordLists.h"
+#include "dbaccess/TableStatements.h"
 #include "petrodb/DateTime.h"
 #include "petrodb/welllog/ISourceData.h"
 #include "welllog/MarkerRows.h"
@@ -74,12 +76,7 @@ constexpr const char* kValueOfProject =
 
 bool CSourceData::ReadNames(const std::string& statement, const char* column, std::vector<std::string>& names) {
   CDbManage db(connectionString.c_str());
-  return ForEachRow(db, statement, false, [&](CDbManage& row) {
-           std::string name;
-           if (!row.GetFieldValue(column, name)) return false;
-           names.push_back(name);
-           return true;
-         }) == kRowsFound;
+  return petrodb::SelectColumn(db, statement, column, names) == kRowsFound;
 }
 
 bool CSourceData::LoadMarkers(const std::string& statement, std::vector<MarkerRecord>& records) {
@@ -89,23 +86,16 @@ bool CSourceData::LoadMarkers(const std::string& statement, std::vector<MarkerRe
 
 bool CSourceData::LoadValues(const std::string& statement, std::vector<MarkerAttributeValue>& values) {
   CDbManage db(connectionString.c_str());
-  bool complete = true;
-  const auto result = ForEachRow(db, statement, false, [&](CDbManage& row) {
-    MarkerAttributeValue v;
-    FieldReader in(row);
-    in("WellID", v.WellID)("MarkerName", v.MarkerName)("AttribName", v.AttribName);
-    in.Optional("AttribValue", v.AttribValue, std::string());
-    complete = in.ok();
-    if (complete) values.push_back(std::move(v));
-    return complete;
-  });
-  return result == kRowsFound && complete;
+  return petrodb::SelectRecords(db, statement, values, [](CDbManage& row, MarkerAttributeValue& v) {
+           FieldReader in(row);
+           in("WellID", v.WellID)("MarkerName", v.MarkerName)("AttribName", v.AttribName);
+           in.Optional("AttribValue", v.AttribValue, std::string());
+           return in.ok();
+         }) == kRowsFound;
 }
 
 bool CSourceData::Execute(const char* table, const std::string& statement) {
-  CDbManage db(connectionString.c_str());
-  if (petrodb::TableMissing(db, table)) return false;
-  return db.ExecuteSQL(statement.c_str());
+  return petrodb::ExecuteOnTable(connectionString, table, statement);
 }
 
 bool CSourceData::GetSources(std::vector<std::string>& sources) {
@@ -123,8 +113,7 @@ bool CSourceData::GetMarkerWellIDs(const char* source, const char* projectName, 
                    "WellID", wellIDs);
 }
 
-bool CSourceData::GetProjectMarkerNames(const char* source, const char* projectName,
-                                        std::vector<std::string>& names) {
+bool CSourceData::GetProjectMarkerNames(const char* source, const char* projectName, std::vector<std::string>& names) {
   return ReadNames(Format("select distinct MarkerName from w_marker where Source='%s' and exists( select wellid "
                           "from w_well_data where w_well_data.wellid=w_marker.wellid and "
                           "w_well_data.ProjectName='%s') order by MarkerName",
@@ -157,12 +146,11 @@ bool CSourceData::LoadMarkersOfWells(const char* source, const std::vector<std::
 }
 
 bool CSourceData::LoadWellMarkers(const char* source, const char* wellID, std::vector<MarkerRecord>& records) {
-  return LoadMarkers(
-      Format("select * from w_marker where WellID='%s' and Source='%s' order by TopMD", wellID, source), records);
+  return LoadMarkers(Format("select * from w_marker where WellID='%s' and Source='%s' order by TopMD", wellID, source),
+                     records);
 }
 
-bool CSourceData::LoadProjectMarkers(const char* source, const char* projectName,
-                                     std::vector<MarkerRecord>& records) {
+bool CSourceData::LoadProjectMarkers(const char* source, const char* projectName, std::vector<MarkerRecord>& records) {
   return LoadMarkers(Format("select * from w_marker where Source='%s' and exists( select wellid from w_well_data "
                             "where w_well_data.wellid=w_marker.wellid and w_well_data.ProjectName='%s') order by "
                             "WellID, TopMD",
@@ -201,24 +189,18 @@ bool CSourceData::SaveMarkers(const char* source, const std::vector<WellMarkers>
 }
 
 bool CSourceData::DeleteWellMarkers(const char* source, const char* wellID) {
-  if (Empty(wellID)) {
-    AfxMessageBox("井名称不能为空！");
-    return false;
-  }
-  return Execute("w_marker", Format("delete from w_marker where WellID='%s' and Source='%s'", wellID, source));
+  return petrodb::KeyGiven(wellID, "井名称不能为空！") &&
+         Execute("w_marker", Format("delete from w_marker where WellID='%s' and Source='%s'", wellID, source));
 }
 
 bool CSourceData::DeleteMarkersOfWells(const char* source, const std::vector<std::string>& wellIDs) {
-  return Execute("w_marker", Format("delete from w_marker where Source='%s' and WellID in (%s)", source,
-                                    QuoteEach(wellIDs, ", ")));
+  return Execute("w_marker",
+                 Format("delete from w_marker where Source='%s' and WellID in (%s)", source, QuoteEach(wellIDs, ", ")));
 }
 
 bool CSourceData::DeleteProjectMarkers(const char* source, const char* projectName) {
-  if (Empty(projectName)) {
-    AfxMessageBox("工区名称不能为空！");
-    return false;
-  }
-  return Execute("w_marker", Format("delete from w_marker where Source='%s' and exists( select wellid from "
+  return petrodb::KeyGiven(projectName, "工区名称不能为空！") &&
+         Execute("w_marker", Format("delete from w_marker where Source='%s' and exists( select wellid from "
                                     "w_well_data where w_well_data.wellid=w_marker.wellid and "
                                     "w_well_data.ProjectName='%s')",
                                     source, projectName));
@@ -235,25 +217,19 @@ bool CSourceData::MoveMarkerTop(const char* source, const char* wellID, const ch
                                     topMD, wellID, markerName, source));
 }
 
-bool CSourceData::GetAttributes(const char* projectName, const char* source,
-                                std::vector<MarkerAttribute>& attributes) {
+bool CSourceData::GetAttributes(const char* projectName, const char* source, std::vector<MarkerAttribute>& attributes) {
   CDbManage db(connectionString.c_str());
-  bool complete = true;
-  const auto result = ForEachRow(
-      db,
-      Format("select * from w_marker_attribute where ProjectName='%s' and Source='%s' order by AttribName",
-             projectName, source),
-      false, [&](CDbManage& row) {
-        MarkerAttribute a;
-        FieldReader in(row);
-        in("AttribName", a.AttribName);
-        in.Optional("AttribType", a.AttribType, std::string())
-            .Optional("AttribDescription", a.AttribDescription, std::string());
-        complete = in.ok();
-        if (complete) attributes.push_back(std::move(a));
-        return complete;
-      });
-  return result == kRowsFound && complete;
+  return petrodb::SelectRecords(
+             db,
+             Format("select * from w_marker_attribute where ProjectName='%s' and Source='%s' order by AttribName",
+                    projectName, source),
+             attributes, [](CDbManage& row, MarkerAttribute& a) {
+               FieldReader in(row);
+               in("AttribName", a.AttribName);
+               in.Optional("AttribType", a.AttribType, std::string())
+                   .Optional("AttribDescription", a.AttribDescription, std::string());
+               return in.ok();
+             }) == kRowsFound;
 }
 
 bool CSourceData::SaveAttribute(const char* projectName, const char* source, const MarkerAttribute& attribute) {
@@ -291,11 +267,8 @@ bool CSourceData::DeleteAttribute(const char* projectName, const char* source, c
 }
 
 bool CSourceData::DeleteAttributes(const char* projectName, const char* source) {
-  if (Empty(projectName)) {
-    AfxMessageBox("工区名称不能为空！");
-    return false;
-  }
-  return Execute("w_marker_attribute",
+  return petrodb::KeyGiven(projectName, "工区名称不能为空！") &&
+         Execute("w_marker_attribute",
                  Format("delete from w_marker_attribute where ProjectName='%s' and Source='%s'", projectName, source));
 }
 
@@ -358,16 +331,16 @@ bool CSourceData::DeleteWellAttributeValues(const char* projectName, const char*
   const std::string scope = Format(kValueOfProject, projectName);
   if (scope.empty()) return false;
   return Execute("w_marker_attribute_data",
-                 Format("delete from w_marker_attribute_data where WellID='%s' and Source='%s' and %s", wellID,
-                        source, petrodb::sql::Raw{scope}));
+                 Format("delete from w_marker_attribute_data where WellID='%s' and Source='%s' and %s", wellID, source,
+                        petrodb::sql::Raw{scope}));
 }
 
 bool CSourceData::DeleteAttributeValues(const char* projectName, const char* source, const char* attribName) {
   const std::string scope = Format(kValueOfProject, projectName);
   if (scope.empty()) return false;
   return Execute("w_marker_attribute_data",
-                 Format("delete from w_marker_attribute_data where AttribName='%s' and Source='%s' and %s",
-                        attribName, source, petrodb::sql::Raw{scope}));
+                 Format("delete from w_marker_attribute_data where AttribName='%s' and Source='%s' and %s", attribName,
+                        source, petrodb::sql::Raw{scope}));
 }
 
 bool CSourceData::DeleteProjectAttributeValues(const char* projectName, const char* source) {

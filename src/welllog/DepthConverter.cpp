@@ -54,7 +54,7 @@ class CDepthConverter final : public IDepthConverter {
 
  private:
   enum class Mode { Vertical, Curvature, Table };
-  Vec Offset(double md) const;          // (north, east, TVD) relative to the head
+  Vec Offset(double md) const;  // (north, east, TVD) relative to the head
   Vec CurvatureOffset(double md) const;
   Vec TableOffset(double md) const;
   double DatumShift(double md, double tvd) const;
@@ -133,9 +133,12 @@ Vec CDepthConverter::TableOffset(double md) const {
 
 Vec CDepthConverter::Offset(double md) const {
   switch (mode_) {
-    case Mode::Curvature: return CurvatureOffset(md);
-    case Mode::Table: return TableOffset(md);
-    case Mode::Vertical: break;
+    case Mode::Curvature:
+      return CurvatureOffset(md);
+    case Mode::Table:
+      return TableOffset(md);
+    case Mode::Vertical:
+      break;
   }
   return {0.0, 0.0, md};
 }

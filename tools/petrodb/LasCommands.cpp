@@ -129,11 +129,11 @@ int LasExport(const std::vector<std::string>& args) {
   return kOk;
 }
 
-const CommandRegistration kImport{Command{"las import", "<file> <well-id> <las>",
-                                          "load a LAS 2.0 file into a well's log curves", &LasImport, 3, 3}};
+const CommandRegistration kImport{
+    Command{"las import", "<file> <well-id> <las>", "load a LAS 2.0 file into a well's log curves", &LasImport, 3, 3}};
 const CommandRegistration kExport{Command{"las export", "<file> <well-id> [curve...] [--out <las>]",
-                                          "write curves of a well as LAS 2.0 (to stdout unless --out)", &LasExport,
-                                          2, -1}};
+                                          "write curves of a well as LAS 2.0 (to stdout unless --out)", &LasExport, 2,
+                                          -1}};
 
 // data/demo.las: from PETRODB_DATA_DIR, or the nearest data/ above the program.
 std::string DemoLasFile() {
@@ -195,8 +195,8 @@ bool DemoLogs(DemoContext& c) {
 
   WellMarkers tops;
   tops.WellID = well;
-  for (const auto& [name, top, bottom] : {std::tuple{"Nm", 950.0, 1180.0}, std::tuple{"Ng", 1180.0, 1520.0},
-                                          std::tuple{"Ed", 1520.0, kNullDepth}}) {
+  for (const auto& [name, top, bottom] :
+       {std::tuple{"Nm", 950.0, 1180.0}, std::tuple{"Ng", 1180.0, 1520.0}, std::tuple{"Ed", 1520.0, kNullDepth}}) {
     MarkerRecord m;
     m.MarkerName = name;
     m.TopMD = top;
@@ -210,8 +210,8 @@ bool DemoLogs(DemoContext& c) {
   if (!reader->LoadWellMarkers("地质分层", well, saved)) return false;
   std::printf("%-6s %9s %9s %9s %12s %12s\n", "marker", "MD", "TVD", "TVDSS", "X", "Y");
   for (const auto& m : saved)
-    std::printf("%-6s %9.2f %9.2f %9.2f %12.2f %12.2f\n", m.MarkerName.c_str(), m.TopMD, m.TopTVD, m.TopTVDSS,
-                m.XCoor, m.YCoor);
+    std::printf("%-6s %9.2f %9.2f %9.2f %12.2f %12.2f\n", m.MarkerName.c_str(), m.TopMD, m.TopTVD, m.TopTVDSS, m.XCoor,
+                m.YCoor);
   return true;
 }
 
