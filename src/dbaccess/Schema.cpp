@@ -177,13 +177,25 @@ std::vector<std::string> RenderSqlite(const Schema& schema) {
   return out;
 }
 
+// PostgreSQL keeps system columns under these names in every table; a column
+// of the same name (b_aoi_data's Xmin, Xmax) is declared quoted, keeping its
+// case, so the table can be made at all. Statements that name it unquoted
+// still mean the system column there.
+static std::string PostgresColumnName(const std::string& name) {
+  static const char* const kSystem[] = {"xmin", "xmax", "cmin", "cmax", "ctid", "tableoid"};
+  const std::string lower = sql::AsciiLower(name);
+  for (const char* s : kSystem)
+    if (lower == s) return "\"" + name + "\"";
+  return name;
+}
+
 std::vector<std::string> RenderPostgres(const Schema& schema) {
   std::vector<std::string> out;
   out.push_back("create extension if not exists citext;");
   for (const auto& t : schema.tables) {
     std::string ddl = "create table " + t.name + " (";
     for (std::size_t i = 0; i < t.columns.size(); ++i)
-      ddl += (i ? ", " : "") + t.columns[i].name + " " + PostgresType(t.columns[i].type);
+      ddl += (i ? ", " : "") + PostgresColumnName(t.columns[i].name) + " " + PostgresType(t.columns[i].type);
     for (const auto& a : t.aliases) {
       const Column* source = t.FindColumn(a.column);
       ddl += ", " + a.alias + " " + PostgresType(source->type) + " generated always as (" + a.column + ") stored";
