@@ -46,7 +46,7 @@ class MarkerDataTest : public ProjectTest {
     return w;
   }
   std::vector<std::string> OtherSource() {
-    return Query("select WellID || MarkerName || TopMD from w_marker where Source <> '地质分层'");
+    return Query("select WellID || '/' || MarkerName from w_marker where Source <> '地质分层' and TopMD < 2");
   }
   std::unique_ptr<IMarkerData> markers_;
   std::unique_ptr<ISourceData> sources_;
@@ -83,7 +83,7 @@ TEST_F(MarkerDataTest, SaveConvertsThroughTheWellsSurvey) {
   for (double v : {ed.TopMD, ed.TopTVD, ed.TopTVDSS, ed.XCoor, ed.YCoor}) EXPECT_EQ(v, kNullDepth);
   EXPECT_NEAR(ed.BottomTVD, r, 1e-9);  // beyond the last station: horizontal
   EXPECT_FALSE(ed.SubmitTime.empty());
-  EXPECT_EQ(OtherSource(), std::vector<std::string>{"W1X1.0"});
+  EXPECT_EQ(OtherSource(), std::vector<std::string>{"W1/X"});
 }
 
 TEST_F(MarkerDataTest, WithoutTheConverterNothingIsSaved) {
@@ -123,7 +123,7 @@ TEST_F(MarkerDataTest, OtherSourcesAreNeverReadOrDeleted) {
   ASSERT_TRUE(markers_->DeleteMarkersOfWells({"W1", "W2"}));
   EXPECT_EQ(sql_.texts("ExecuteSQL").back(),
             "delete from  w_marker where Source ='地质分层' and WellID in ('W1', 'W2')");
-  EXPECT_EQ(OtherSource(), std::vector<std::string>{"W1X1.0"});
+  EXPECT_EQ(OtherSource(), std::vector<std::string>{"W1/X"});
   EXPECT_FALSE(markers_->DeleteProjectMarkers(""));
   EXPECT_EQ(messages_.texts(), std::vector<std::string>{"工区名称不能为空！"});
 }
@@ -150,7 +150,7 @@ TEST_F(MarkerDataTest, SourcesMoveTopsAndAttributes) {
   EXPECT_EQ(sql_.texts("ExecuteSQL"),
             std::vector<std::string>{
                 "update w_marker set TopMD=1.500000  where WellID='W1' and MarkerName='X' and Source='测井解释'"});
-  EXPECT_EQ(OtherSource(), std::vector<std::string>{"W1X1.5"});
+  EXPECT_EQ(Query("select MarkerName from w_marker where TopMD = 1.5"), std::vector<std::string>{"X"});
 
   ASSERT_TRUE(sources_->SaveAttributes("P", "测井解释", {{"POR", "double", "porosity"}, {"LITH", "text", ""}}));
   ASSERT_TRUE(sources_->SaveAttribute("P", "测井解释", {"POR", "double", "effective porosity"}));

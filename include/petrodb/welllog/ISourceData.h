@@ -11,6 +11,9 @@
 // of the given project. Statements splice values between quotes unescaped: a
 // value holding a quote makes the operation fail as a statement that could not
 // run.
+//
+// Slots: 0 the destructor, 1 SetConnection, 2 to 30 the operations below in
+// order (numbered in their comments), 31 the class-information slot.
 #include <string>
 #include <vector>
 
