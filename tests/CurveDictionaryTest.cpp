@@ -82,9 +82,10 @@ TEST_F(CurveDictionaryTest, BatchSaveAndDeletes) {
   EXPECT_EQ(messages_.texts(), (std::vector<std::string>{"曲线名称不能为空！", "工区名称不能为空！"}));
   ASSERT_TRUE(dictionary_->DeleteTemplate("SP"));
   sql_.clear();
-  ASSERT_TRUE(dictionary_->DeleteAllTemplates("any project"));
+  // The Access form "delete *" runs on project files only; a server refuses it.
+  EXPECT_EQ(dictionary_->DeleteAllTemplates("any project"), jet());
   EXPECT_EQ(sql_.texts("ExecuteSQL"), std::vector<std::string>{"delete * from w_curve_dictionary "});
-  EXPECT_FALSE(dictionary_->GetCurveNames(names));
+  EXPECT_EQ(dictionary_->GetCurveNames(names), !jet());
 }
 
 TEST_F(CurveDictionaryTest, ImageAliasesAppendOrReplace) {

@@ -1,3 +1,4 @@
+#include <functional>
 #include <map>
 #include <set>
 
@@ -18,8 +19,12 @@ using petrodb::sql::QuoteEach;
 
 WellLog::WellLog(const WellLog& other) : WellID(other.WellID), NullValue(other.NullValue), Curves(other.Curves) {
   for (std::size_t i = 0; i < Curves.size(); ++i) {
+    // A link that does not point into the source's list has no place in the copy.
     const LogCurve* target = other.Curves[i].DepthCurve;
-    Curves[i].DepthCurve = target ? &Curves[target - other.Curves.data()] : nullptr;
+    const std::less<const LogCurve*> before;
+    const bool inside = target && !before(target, other.Curves.data()) &&
+                        before(target, other.Curves.data() + other.Curves.size());
+    Curves[i].DepthCurve = inside ? &Curves[target - other.Curves.data()] : nullptr;
   }
 }
 
