@@ -19,4 +19,16 @@ bool DeleteCodeRow(const std::string& connection, const CodeTable& t, const std:
   return db.ExecuteSQL(statement.c_str());
 }
 
+bool DeleteNamedRows(const std::string& connection, const char* table, const char* name, const char* emptyName,
+                     const std::string& statement) {
+  if (!name || !*name) {
+    AfxMessageBox(emptyName);
+    return false;
+  }
+  CDbManage db(connection.c_str());
+  if (TableMissing(db, table)) return false;
+  db.ExecuteSQL(statement.c_str());
+  return true;
+}
+
 }  // namespace petrodb

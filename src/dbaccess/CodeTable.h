@@ -19,8 +19,15 @@ struct CodeTable {
 bool CodeRowExists(const std::string& connection, const CodeTable& t, const std::string& statement);
 
 // Refuses an empty key, then runs `statement` unless the table is missing.
+// The answer is the statement's.
 bool DeleteCodeRow(const std::string& connection, const CodeTable& t, const std::string& key,
                    const std::string& statement);
+
+// The named lists (well lists, sections) delete alike, with an application
+// message for an empty name: false for an empty name or a missing table,
+// otherwise true whatever `statement` did.
+bool DeleteNamedRows(const std::string& connection, const char* table, const char* name, const char* emptyName,
+                     const std::string& statement);
 
 // Refuses an empty key and a missing table with their messages; then
 // `replace()` (the class's delete, false ends the save silently), then one row

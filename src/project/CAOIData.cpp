@@ -25,6 +25,13 @@ PETRODB_REGISTER_CLASS(CAOIData, IAOIData)
 
 namespace {
 
+// A missing table is reported to the user by the writing operations.
+bool ReportMissingTable(CDbManage& db) {
+  if (!petrodb::TableMissing(db, "b_aoi_data")) return false;
+  AfxMessageBox("AOI区域表为空！");
+  return true;
+}
+
 std::string Lowered(const char* name) { return AsciiLower(name ? name : ""); }
 
 // The columns after the name and project; DESCRIPTION may be absent.
@@ -87,10 +94,7 @@ bool CAOIData::SaveAOI(const char* projectName, const AOIRecord& r) {
     return false;
   }
   CDbManage db(connectionString.c_str());
-  if (petrodb::TableMissing(db, "b_aoi_data")) {
-    AfxMessageBox("AOI区域表为空！");
-    return false;
-  }
+  if (ReportMissingTable(db)) return false;
   db.ExecuteSQL(Format("delete from b_aoi_data where AOIName='%s'", name).c_str());
   db.BeginSaveData("b_aoi_data");
   db.AddNew();
@@ -109,10 +113,7 @@ bool CAOIData::DeleteAOI(const char* aoiName) {
     return false;
   }
   CDbManage db(connectionString.c_str());
-  if (petrodb::TableMissing(db, "b_aoi_data")) {
-    AfxMessageBox("AOI区域表为空！");
-    return false;
-  }
+  if (ReportMissingTable(db)) return false;
   db.ExecuteSQL(Format("delete from b_aoi_data where AOIName='%s'", Lowered(aoiName)).c_str());
   return true;
 }

@@ -381,7 +381,9 @@ bool CBasicWellData::SaveWellsWithGroup(const char* project, const char* groupID
 }
 
 bool CBasicWellData::SaveWellWithGroup(const char* project, const char* groupID, const WellRecord& record) {
-  return SaveWell(project, record) && AddWellToGroup(groupID, record.WellID.c_str());
+  if (!SaveWell(project, record)) return false;
+  // The group's naming policy may already have taken the well in.
+  return IsWellInGroup(groupID, record.WellID.c_str()) || AddWellToGroup(groupID, record.WellID.c_str());
 }
 
 bool CBasicWellData::SaveWells(const char* project, const std::vector<WellRecord>& records) {

@@ -1,3 +1,4 @@
+#include "dbaccess/CodeTable.h"
 #include "dbaccess/RecordLists.h"
 #include "petrodb/project/ISectionWellListData.h"
 
@@ -85,14 +86,8 @@ bool CSectionWellListData::SaveSectionWellLists(const std::vector<SectionWellLis
 }
 
 bool CSectionWellListData::DeleteSectionWellList(const char* name) {
-  if (!name || !*name) {
-    AfxMessageBox(kEmptyName);
-    return false;
-  }
-  CDbManage db(connectionString.c_str());
-  if (petrodb::TableMissing(db, kTable)) return false;
-  db.ExecuteSQL(Format("delete from b_sectionwelllist_data where Setction_Name='%s'", name).c_str());
-  return true;
+  return petrodb::DeleteNamedRows(connectionString, kTable, name, kEmptyName,
+                                  Format("delete from b_sectionwelllist_data where Setction_Name='%s'", name));
 }
 
 bool CSectionWellListData::DeleteAllSectionWellLists() {

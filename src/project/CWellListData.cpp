@@ -1,3 +1,4 @@
+#include "dbaccess/CodeTable.h"
 #include "dbaccess/RecordLists.h"
 #include "petrodb/project/IWellListData.h"
 
@@ -58,14 +59,8 @@ bool CWellListData::SaveWellList(const WellListRecord& record) {
 }
 
 bool CWellListData::DeleteWellList(const char* name) {
-  if (!name || !*name) {
-    AfxMessageBox(kEmptyName);
-    return false;
-  }
-  CDbManage db(connectionString.c_str());
-  if (petrodb::TableMissing(db, "b_welllist_data")) return false;
-  db.ExecuteSQL(Format("delete from b_welllist_data where WellListName='%s'", name).c_str());
-  return true;
+  return petrodb::DeleteNamedRows(connectionString, "b_welllist_data", name, kEmptyName,
+                                  Format("delete from b_welllist_data where WellListName='%s'", name));
 }
 
 bool CWellListData::IsWellListExist(const char* name) {

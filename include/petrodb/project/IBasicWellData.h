@@ -97,7 +97,8 @@ class IBasicWellData : public IDataBase {
   // The display names of every grouped well in WellID order:
   // GetGroupedWellIDs, then LoadWellsByIDs; an empty name gives the WellID.
   virtual bool GetGroupedWellNames(std::vector<std::string>& names) = 0;
-  // Saves each well (SaveWell) and adds it to the group.
+  // Saves each well (SaveWell) and adds it to the group unless its naming
+  // policy already did; stops at the first failure.
   virtual bool SaveWellsWithGroup(const char* project, const char* groupID, const std::vector<WellRecord>& records) = 0;
   virtual bool SaveWellWithGroup(const char* project, const char* groupID, const WellRecord& record) = 0;
   // SaveWell for each record; stops at the first failure.
