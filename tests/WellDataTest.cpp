@@ -250,8 +250,16 @@ TEST_F(WellDataTest, SaveJoinsGroupsByPolicy) {
   EXPECT_TRUE(Members("OTHER").empty());
 
   // Saving again replaces the memberships rather than doubling them.
+  sql_.clear();
   ASSERT_TRUE(wells_->SaveWell("P1", Well("W12", "Lu 3")));
   EXPECT_EQ(Members("BYID"), std::vector<std::string>{"W12"});
+  // The row is saved before the groups are read; one save writes the memberships.
+  std::vector<std::string> calls;
+  for (const auto& e : sql_.events()) calls.push_back(e.call == "SaveData" ? "(save)" : e.text);
+  EXPECT_EQ(calls, (std::vector<std::string>{"delete from w_well_data where ProjectName = 'P1' and WellID = 'W12'",
+                                             "delete from w_groupwell where WellID = 'W12'", "(save)",
+                                             "select * from w_wellgroup where ProjectName = 'P1'", "w_groupwell",
+                                             "(save)"}));
 }
 
 TEST_F(WellDataTest, SaveWithGroupAddsTheExplicitMembership) {
