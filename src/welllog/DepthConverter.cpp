@@ -57,7 +57,7 @@ class CDepthConverter final : public IDepthConverter {
   Vec Offset(double md) const;  // (north, east, TVD) relative to the head
   Vec CurvatureOffset(double md) const;
   Vec TableOffset(double md) const;
-  double DatumShift(double md, double tvd) const;
+  double DatumShift(double md) const;
 
   WellHead head_;
   Mode mode_ = Mode::Vertical;
@@ -143,7 +143,7 @@ Vec CDepthConverter::Offset(double md) const {
   return {0.0, 0.0, md};
 }
 
-double CDepthConverter::DatumShift(double md, double tvd) const {
+double CDepthConverter::DatumShift(double md) const {
   if (shift_.empty()) return -head_.Kb;
   const std::size_t n = md_.size();
   if (md <= md_[0]) return shift_[0];
@@ -157,7 +157,7 @@ DepthPoint CDepthConverter::Convert(double md) const {
   const Vec p = Offset(md);
   DepthPoint out;
   out.TVD = p[2];
-  out.TVDSS = p[2] + DatumShift(md, p[2]);
+  out.TVDSS = p[2] + DatumShift(md);
   out.X = head_.Well_EW + p[1];
   out.Y = head_.Well_SN + p[0];
   return out;

@@ -21,8 +21,7 @@ struct LogCurve {
 // Every DepthCurve pointer points into this record's own Curves (or is null).
 // Copying a WellLog re-links the copy's pointers into the copy's list; moving
 // keeps the list's storage, so the pointers stay valid. Appending to Curves
-// may reallocate it: call Relink afterwards (or set the links after the last
-// append).
+// may reallocate it: set the links (Link) after the last append.
 struct WellLog {
   std::string WellID;
   double NullValue = 0.0;  // one value for the whole record
