@@ -33,8 +33,6 @@ PETRODB_REGISTER_CLASS(CCurveDictionary, ICurveDictionary)
 
 namespace {
 
-bool Empty(const char* s) { return !s || !*s; }
-
 // The eight fields after the name.
 bool ReadDisplay(CDbManage& row, CurveTemplate& e) {
   FieldReader in(row);
@@ -140,11 +138,7 @@ bool CCurveDictionary::DeleteTemplates(std::vector<std::string> names) {
 }
 
 bool CCurveDictionary::DeleteAllTemplates(const char* projectName) {
-  if (Empty(projectName)) {
-    AfxMessageBox("工区名称不能为空！");
-    return false;
-  }
-  CDbManage db(connectionString.c_str());
-  if (petrodb::TableMissing(db, "w_curve_dictionary")) return false;
-  return db.ExecuteSQL("delete * from w_curve_dictionary ");
+  // The project is only checked for being given: the dictionary is global.
+  return petrodb::KeyGiven(projectName, "工区名称不能为空！") &&
+         petrodb::ExecuteOnTable(connectionString, "w_curve_dictionary", "delete * from w_curve_dictionary ");
 }
