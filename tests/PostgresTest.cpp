@@ -11,6 +11,11 @@
 #include "dbaccess/Pool.h"
 #include "dbaccess/SqlText.h"
 #include "petrodb/project/IBasicProjectData.h"
+#if __has_include(<libpq-fe.h>)
+#include "dbaccess/postgres/PgBridge.h"
+#include "dbaccess/postgres/PgValues.h"
+#define PETRODB_TEST_PG_BRIDGE 1
+#endif
 
 namespace petrodb::test {
 namespace {
@@ -252,6 +257,71 @@ TEST_F(PostgresTest, CreateProjectDatabaseRestoresTheBackupOnceOnly) {
   EXPECT_EQ(begun, 1);
   EXPECT_EQ(ended, 1);
 }
+
+TEST_F(PostgresTest, ColumnsNamedLikeSystemColumnsAreTheTablesOwn) {
+  CDbManage db(connection_.c_str());
+  ASSERT_TRUE(db.ExecuteSQL("insert into b_aoi_data (AOIName, Xmin, XMAX) values ('a', 1.5, 2.5)"));
+  ASSERT_TRUE(db.BeginSaveData("b_aoi_data"));
+  for (int i = 0; i < 20; ++i) {  // long enough to go through COPY
+    db.AddNew();
+    db.SetFieldValue("AOIName", "b");
+    db.SetFieldValue("xmin", 7.0);
+    db.SetFieldValue("Xmax", 8.0);
+  }
+  ASSERT_TRUE(db.SaveData());
+  ASSERT_EQ(db.GetDataFromDB("select AOIName, Xmin, xmax from b_aoi_data where Xmin < 2"), kRowsFound);
+  double low = 0, high = 0;
+  EXPECT_TRUE(db.GetFieldValue("Xmin", low));
+  EXPECT_TRUE(db.GetFieldValue("XMAX", high));
+  EXPECT_EQ(low, 1.5);
+  EXPECT_EQ(high, 2.5);
+  EXPECT_EQ(Query("select count(*) from b_aoi_data where xmin = 7 and xmax = 8"), std::vector<std::string>{"20"});
+}
+
+#ifdef PETRODB_TEST_PG_BRIDGE
+TEST(PostgresBridge, RewritesOnlyWhatMustChange) {
+  using db::pg::RewriteServerForPostgres;
+  EXPECT_EQ(RewriteServerForPostgres("select * from sysdatabases where name='Field'"),
+            "select datname as name from pg_catalog.pg_database where lower(datname) = lower('Field')");
+  const std::string restore =
+      "RESTORE FILELISTONLY FROM DISK = '/opt/p/orvex.bak' RESTORE DATABASE Field2 FROM DISK = '/opt/p/orvex.bak' "
+      "WITH MOVE 'orvex_Data' TO '/opt/p/Field2.mdf',MOVE 'orvex_Log' TO '/opt/p/Field2.ldf'";
+  const std::string sent = RewriteServerForPostgres(restore);
+  EXPECT_EQ(sent, "create database field2; \\connect field2; \\i '/opt/p/orvex.bak'");
+  db::pg::RestorePlan plan;
+  ASSERT_TRUE(db::pg::ParseRestore(sent, plan));
+  EXPECT_EQ(plan.database, "field2");
+  EXPECT_EQ(plan.backup, "/opt/p/orvex.bak");
+  // A name the server would not take unquoted is not turned into a statement.
+  const std::string odd = sql::ReplaceFirst(restore, "DATABASE Field2", "DATABASE x;drop");
+  EXPECT_EQ(RewriteServerForPostgres(odd), odd);
+  EXPECT_FALSE(db::pg::ParseRestore(odd, plan));
+  // Access forms stay as written; unpadded date literals are padded.
+  EXPECT_EQ(RewriteServerForPostgres("delete * from t where d < #2024-1-2#"), "delete * from t where d < #2024-1-2#");
+  EXPECT_EQ(RewriteServerForPostgres("select * from t where d = '2024-1-2 3:4:5'"),
+            "select * from t where d = '2024-01-02 03:04:05'");
+  // System column names are quoted outside literals and quoted names only.
+  EXPECT_EQ(RewriteServerForPostgres("select a.XMIN, \"xmax\", 'xmin' from b_aoi_data a where Xmax>1 and xminimum=2"),
+            "select a.\"Xmin\", \"xmax\", 'xmin' from b_aoi_data a where \"Xmax\">1 and xminimum=2");
+}
+
+TEST(PostgresValues, BinaryCellsDecodeAsTheSessionReadsThem) {
+  EXPECT_EQ(db::pg::TimestampText(0), "2000-01-01 00:00:00");
+  EXPECT_EQ(db::pg::TimestampText(-1), "1999-12-31 23:59:59");
+  EXPECT_EQ(db::pg::TimestampText(24LL * 3600 * 1000000 * 366 + 3723LL * 1000000 + 999999), "2001-01-01 01:02:03");
+  EXPECT_EQ(db::pg::DateText(-10957), "1970-01-01");
+  // numeric 12345.678 (dscale 3): digits 1, 2345, 6780 with weight 1.
+  const unsigned char numeric[] = {0, 3, 0, 1, 0, 0, 0, 3, 0, 1, 0x09, 0x29, 0x1a, 0x7c};
+  EXPECT_EQ(db::pg::NumericText(reinterpret_cast<const char*>(numeric), sizeof numeric), "12345.678");
+  const unsigned char small[] = {0, 1, 0xff, 0xfe, 0x40, 0, 0, 6, 0x03, 0xe8};  // -0.00001000 (weight -2)
+  EXPECT_EQ(db::pg::NumericText(reinterpret_cast<const char*>(small), sizeof small), "-0.000010");
+  std::string copy;
+  db::pg::AppendCopyText(copy, "a\tb\\c\n");
+  EXPECT_EQ(copy, "a\\tb\\\\c\\n");
+  EXPECT_EQ(db::pg::DoubleText(std::numeric_limits<double>::infinity()), "Infinity");
+  EXPECT_EQ(db::pg::DoubleText(0.1), "0.1");
+}
+#endif
 
 // Restarts the whole server: run alone (ctest runs it serially).
 class PostgresRestart : public ProjectTest {};

@@ -178,14 +178,18 @@ std::vector<std::string> RenderSqlite(const Schema& schema) {
 }
 
 // PostgreSQL keeps system columns under these names in every table; a column
-// of the same name (b_aoi_data's Xmin, Xmax) is declared quoted, keeping its
-// case, so the table can be made at all. Statements that name it unquoted
-// still mean the system column there.
+// of the same name (b_aoi_data's Xmin, Xmax) is declared quoted, spelt with
+// only its first letter in upper case ("Xmin"), so the table can be made at
+// all. The server bridge quotes the statements' unquoted mentions the same way.
 static std::string PostgresColumnName(const std::string& name) {
   static const char* const kSystem[] = {"xmin", "xmax", "cmin", "cmax", "ctid", "tableoid"};
   const std::string lower = sql::AsciiLower(name);
   for (const char* s : kSystem)
-    if (lower == s) return "\"" + name + "\"";
+    if (lower == s) {
+      std::string spelt = lower;
+      spelt[0] = static_cast<char>(spelt[0] - 'a' + 'A');
+      return "\"" + spelt + "\"";
+    }
   return name;
 }
 

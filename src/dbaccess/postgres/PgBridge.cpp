@@ -1,5 +1,6 @@
 #include "dbaccess/postgres/PgBridge.h"
 
+#include <algorithm>
 #include <regex>
 
 #include "dbaccess/JetBridge.h"
@@ -24,7 +25,62 @@ bool StartsWithWord(const std::string& text, std::string_view word) {
          sql::EqualsIgnoreCase(std::string_view(text).substr(first, word.size()), word);
 }
 
+bool IsWordChar(char c) { return std::isalnum(static_cast<unsigned char>(c)) || c == '_' || c == '$'; }
+
+bool IsSystemColumnName(std::string_view word) {
+  static constexpr std::string_view kSystem[] = {"xmin", "xmax", "cmin", "cmax", "ctid", "tableoid"};
+  for (auto s : kSystem)
+    if (sql::EqualsIgnoreCase(word, s)) return true;
+  return false;
+}
+
 }  // namespace
+
+std::string ColumnIdentifier(const std::string& name) {
+  if (!IsSystemColumnName(name)) return name;
+  std::string spelt = sql::AsciiLower(name);
+  spelt[0] = static_cast<char>(spelt[0] - 'a' + 'A');
+  return "\"" + spelt + "\"";
+}
+
+std::string QuoteSystemColumnNames(const std::string& statement) {
+  const std::string lower = sql::AsciiLower(statement);
+  if (lower.find("min") == std::string::npos && lower.find("max") == std::string::npos &&
+      lower.find("ctid") == std::string::npos && lower.find("tableoid") == std::string::npos)
+    return statement;
+  std::string out;
+  out.reserve(statement.size() + 8);
+  std::size_t i = 0;
+  while (i < statement.size()) {
+    const char c = statement[i];
+    if (c == '\'' || c == '"') {  // a literal or a quoted name: copied as it is
+      std::size_t end = i + 1;
+      while (end < statement.size()) {
+        if (statement[end] == c) {
+          if (end + 1 < statement.size() && statement[end + 1] == c) {
+            end += 2;
+            continue;
+          }
+          break;
+        }
+        ++end;
+      }
+      end = std::min(end + 1, statement.size());
+      out.append(statement, i, end - i);
+      i = end;
+    } else if (IsWordChar(c)) {
+      std::size_t end = i;
+      while (end < statement.size() && IsWordChar(statement[end])) ++end;
+      const std::string word = statement.substr(i, end - i);
+      out += ColumnIdentifier(word);
+      i = end;
+    } else {
+      out += c;
+      ++i;
+    }
+  }
+  return out;
+}
 
 std::string RewriteServerForPostgres(const std::string& statement) {
   if (StartsWithWord(statement, "select") && sql::AsciiLower(statement).find("sysdatabases") != std::string::npos) {
@@ -44,7 +100,7 @@ std::string RewriteServerForPostgres(const std::string& statement) {
       return "create database " + name + "; \\connect " + name + "; \\i '" + m[2].str() + "'";
     }
   }
-  return NormaliseDateLiterals(statement);
+  return NormaliseDateLiterals(QuoteSystemColumnNames(statement));
 }
 
 bool ParseRestore(const std::string& sent, RestorePlan& plan) {

@@ -18,6 +18,15 @@ struct RestorePlan {
 // are padded as dates are stored.
 std::string RewriteServerForPostgres(const std::string& statement);
 
+// A column named like a PostgreSQL system column (xmin, xmax, cmin, cmax, ctid,
+// tableoid; any case) as the schema declares it: quoted, first letter upper
+// ("\"Xmin\""). Any other name comes back unchanged.
+std::string ColumnIdentifier(const std::string& name);
+
+// Quotes every unquoted mention of such a column outside literals, so
+// statements reach the table's column, not the system column.
+std::string QuoteSystemColumnNames(const std::string& statement);
+
 // True (plan filled) when `sent` is a rewritten RESTORE.
 bool ParseRestore(const std::string& sent, RestorePlan& plan);
 

@@ -325,7 +325,7 @@ class PgConnection final : public Connection {
     std::string text = "insert into " + row.table + " (";
     std::string marks;
     for (std::size_t k = 0; k < row.cells.size(); ++k) {
-      text += (k ? ", " : "") + row.cells[k].first;
+      text += (k ? ", " : "") + pg::ColumnIdentifier(row.cells[k].first);
       marks += (k ? ", $" : "$") + std::to_string(k + 1);
     }
     return text + ") values (" + marks + ")";
@@ -396,7 +396,7 @@ class PgConnection final : public Connection {
   bool Copy(const std::vector<PendingRow>& rows, std::size_t from, std::size_t to, std::string& error) {
     const PendingRow& first = rows[from];
     std::string text = "copy " + first.table + " (";
-    for (std::size_t k = 0; k < first.cells.size(); ++k) text += (k ? ", " : "") + first.cells[k].first;
+    for (std::size_t k = 0; k < first.cells.size(); ++k) text += (k ? ", " : "") + pg::ColumnIdentifier(first.cells[k].first);
     text += ") from stdin";
     ResultHandle start(PQexec(conn_.get(), text.c_str()));
     if (PQresultStatus(start.get()) != PGRES_COPY_IN) {
