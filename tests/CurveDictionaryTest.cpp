@@ -34,8 +34,12 @@ TEST_F(CurveDictionaryTest, TemplatesAreFoundByNameOrAlias) {
   EXPECT_EQ(sql_.texts().back(),
             "select * from w_curve_dictionary where CurveName in (select all distinct CurveName from "
             "w_curvealias_data where CurveAlias = 'CGR') or CurveName = 'CGR'");
-  if (!found && sql_.events().back().result == 2)
-    GTEST_SKIP() << "the engine's dialect bridge does not yet run \"select all distinct\" inside a subquery";
+  if (!jet()) {
+    // "all distinct" is Access syntax: a server refuses it, as SQL Server does.
+    EXPECT_FALSE(found);
+    EXPECT_EQ(sql_.events().back().result, 2);
+    return;
+  }
   ASSERT_TRUE(found);
   ASSERT_TRUE(dictionary_->LoadTemplateByAlias("GR", byName));
   EXPECT_FALSE(dictionary_->LoadTemplateByAlias("SPONT", plain));  // SP has no template

@@ -76,6 +76,9 @@ TEST_F(JetBridgeTest, SelectAllDistinct) {
   Touch("b", "2020-1-2 0:0:0");
   EXPECT_EQ(Names("select all distinct projectName from b_project_recent order by projectName"),
             (std::vector<std::string>{"a", "b"}));
+  EXPECT_EQ(Names("select projectName from b_project_recent where projectName in (select all distinct projectName "
+                  "from b_project_recent where projectName = 'b')"),
+            std::vector<std::string>{"b"});
 }
 
 TEST_F(JetBridgeTest, MultiTableUpdateSetsTheFirstTable) {

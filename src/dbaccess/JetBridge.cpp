@@ -57,8 +57,14 @@ std::string MapSegments(const std::string& in, Plain onPlain, Quoted onQuoted) {
   return out;
 }
 
+bool ContainsIgnoreCase(std::string_view text, std::string_view word) {
+  for (std::size_t i = 0; i + word.size() <= text.size(); ++i)
+    if (sql::EqualsIgnoreCase(text.substr(i, word.size()), word)) return true;
+  return false;
+}
+
 std::string RewriteFunctionNames(const std::string& plain) {
-  if (sql::AsciiLower(plain).find("case") == std::string::npos) return plain;
+  if (!ContainsIgnoreCase(plain, "case")) return plain;
   std::string out;
   std::size_t i = 0;
   while (i < plain.size()) {
@@ -116,14 +122,18 @@ bool StartsWithWord(const std::string& sql, std::string_view word) {
   return first != std::string::npos && sql::EqualsIgnoreCase(std::string_view(sql).substr(first, word.size()), word);
 }
 
-std::string RewriteLeadingForms(const std::string& sql) {
-  const bool maybeDelete = sql.find('*') != std::string::npos && StartsWithWord(sql, "delete");
-  const bool maybeAll = StartsWithWord(sql, "select") && sql::AsciiLower(sql.substr(0, 64)).find("all") != std::string::npos;
-  if (!maybeDelete && !maybeAll) return sql;
+// Access's "delete * from" (leading the statement).
+std::string RewriteDeleteStar(const std::string& sql) {
+  if (sql.find('*') == std::string::npos || !StartsWithWord(sql, "delete")) return sql;
   static const std::regex deleteStar(R"(^(\s*delete)\s+\*\s+(from\b))", std::regex::icase);
-  static const std::regex allDistinct(R"(^(\s*select)\s+all\s+(distinct\b))", std::regex::icase);
-  std::string out = std::regex_replace(sql, deleteStar, "$1 $2", std::regex_constants::format_first_only);
-  return std::regex_replace(out, allDistinct, "$1 $2", std::regex_constants::format_first_only);
+  return std::regex_replace(sql, deleteStar, "$1 $2", std::regex_constants::format_first_only);
+}
+
+// Access's "select all distinct", in the statement or in a subquery.
+std::string RewriteAllDistinct(const std::string& plain) {
+  if (!ContainsIgnoreCase(plain, "all")) return plain;
+  static const std::regex allDistinct(R"(\b(select)\s+all\s+(distinct)\b)", std::regex::icase);
+  return std::regex_replace(plain, allDistinct, "$1 $2");
 }
 
 // update T1 a1, T2 a2 set <assignments> where <condition>
@@ -163,20 +173,18 @@ std::string NormaliseDateLiterals(const std::string& statement) {
 static bool MayNeedRewrite(const std::string& s) {
   if (s.find('#') != std::string::npos) return true;
   if (s.find(':') != std::string::npos && s.find('\'') != std::string::npos) return true;  // a date literal
-  for (std::size_t i = 0; i + 4 <= s.size(); ++i)
-    if ((s[i] | 0x20) == 'c' && (s[i + 1] | 0x20) == 'a' && (s[i + 2] | 0x20) == 's' && (s[i + 3] | 0x20) == 'e')
-      return true;  // lcase / ucase
-  return (s.find('*') != std::string::npos && StartsWithWord(s, "delete")) ||
-         (StartsWithWord(s, "select") && sql::AsciiLower(s.substr(0, 64)).find("all") != std::string::npos) ||
+  if (ContainsIgnoreCase(s, "case")) return true;  // lcase / ucase
+  return (s.find('*') != std::string::npos && StartsWithWord(s, "delete")) || ContainsIgnoreCase(s, "all") ||
          (s.find(',') != std::string::npos && StartsWithWord(s, "update"));
 }
 
 std::string RewriteJetForSqlite(const std::string& statement) {
   if (!MayNeedRewrite(statement)) return statement;
   std::string out = MapSegments(
-      statement, [](const std::string& plain) { return RewriteHashDates(RewriteFunctionNames(plain)); },
+      statement,
+      [](const std::string& plain) { return RewriteAllDistinct(RewriteHashDates(RewriteFunctionNames(plain))); },
       [](const std::string& quoted) { return NormaliseDateText(quoted, false); });
-  out = RewriteLeadingForms(out);
+  out = RewriteDeleteStar(out);
   return RewriteMultiTableUpdate(out);
 }
 
