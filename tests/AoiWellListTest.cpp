@@ -14,9 +14,6 @@ class AoiTest : public ProjectTest {
  protected:
   void SetUp() override {
     ProjectTest::SetUp();
-    // On PostgreSQL, Xmin and Xmax name system columns: statements naming them
-    // unquoted cannot write the table until the server bridge quotes them.
-    if (!jet()) GTEST_SKIP() << "b_aoi_data's Xmin/Xmax are system column names on PostgreSQL";
     aoi_ = Make<IAOIData>("IAOIData");
     ASSERT_TRUE(aoi_);
   }
