@@ -1,6 +1,4 @@
 // The petrodb host's project commands, run as a user runs them.
-#include <sys/wait.h>
-
 #include <cstdio>
 #include <filesystem>
 
@@ -12,23 +10,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct CliRun {
-  int code;
-  std::string output;  // stdout and stderr together
-};
-
-CliRun Petrodb(const std::string& arguments) {
-  const char* cli = std::getenv("PETRODB_CLI");
-  const std::string program = cli ? cli : (fs::path(ProgramDirectory()) / "petrodb").string();
-  FILE* pipe = popen((program + " " + arguments + " 2>&1").c_str(), "r");
-  CliRun run{-1, {}};
-  if (!pipe) return run;
-  char buffer[4096];
-  while (std::size_t n = fread(buffer, 1, sizeof buffer, pipe)) run.output.append(buffer, n);
-  const int status = pclose(pipe);
-  run.code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  return run;
-}
+CliRun Petrodb(const std::string& arguments) { return RunPetrodb(arguments); }
 
 class ProjectCommandsTest : public ::testing::Test {
  protected:
@@ -70,6 +52,23 @@ TEST_F(ProjectCommandsTest, BadInputGivesUsageOrFailureCodes) {
   EXPECT_NE(info.output.find("no project file at"), std::string::npos);
   EXPECT_EQ(Petrodb("--help").code, 0);
   EXPECT_EQ(Petrodb("new --help").code, 0);
+}
+
+TEST_F(ProjectCommandsTest, ServerCreateMakesADatabaseOnce) {
+  const TestServer* server = ServerUnderTest();
+  if (!server) GTEST_SKIP() << "needs a server";
+  const std::string name = "petrodb_cli_" + std::to_string(::getpid());
+  const CliRun made = Petrodb("server-create '" + server->connection + "' " + name);
+  const CliRun again = Petrodb("server-create '" + server->connection + "' " + name);
+  std::string error;
+  auto admin = db::AcquireConnection(server->connection, error);
+  ASSERT_TRUE(admin) << error;
+  EXPECT_TRUE(admin->Execute("drop database if exists " + name + " with (force)", error)) << error;
+  db::ReleaseConnection(server->connection, std::move(admin));
+  EXPECT_EQ(made.code, 0) << made.output;
+  EXPECT_NE(made.output.find("数据库创建成功结束！"), std::string::npos) << made.output;
+  EXPECT_EQ(again.code, 1);
+  EXPECT_NE(again.output.find("exists on the server already"), std::string::npos) << again.output;
 }
 
 TEST_F(ProjectCommandsTest, DemoRunsEveryStep) {

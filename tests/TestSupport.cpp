@@ -1,5 +1,10 @@
 #include "TestSupport.h"
 
+#include <sys/wait.h>
+
+#include <cstdio>
+#include <cstdlib>
+
 #include <unistd.h>
 
 #include <cstdlib>
@@ -165,6 +170,19 @@ std::vector<std::string> SqlRecorder::texts(const std::string& call) const {
   for (const auto& e : events_)
     if (e.call == call) out.push_back(e.text);
   return out;
+}
+
+CliRun RunPetrodb(const std::string& arguments) {
+  const char* cli = std::getenv("PETRODB_CLI");
+  const std::string program = cli ? cli : (std::filesystem::path(ProgramDirectory()) / "petrodb").string();
+  CliRun run{-1, {}};
+  FILE* pipe = popen((program + " " + arguments + " 2>&1").c_str(), "r");
+  if (!pipe) return run;
+  char buffer[4096];
+  while (std::size_t n = fread(buffer, 1, sizeof buffer, pipe)) run.output.append(buffer, n);
+  const int status = pclose(pipe);
+  run.code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  return run;
 }
 
 std::filesystem::path MakeTempDir() {

@@ -105,6 +105,13 @@ class ProjectTest : public ::testing::Test {
     if (onServer()) GTEST_SKIP() << "needs a project file, not a server database"; \
   } while (0)
 
+// The petrodb host run as a user runs it: exit code and stdout with stderr.
+struct CliRun {
+  int code;
+  std::string output;
+};
+CliRun RunPetrodb(const std::string& arguments);
+
 // A new empty directory under the system's temporary directory.
 std::filesystem::path MakeTempDir();
 // The template project file shipped in the program directory.

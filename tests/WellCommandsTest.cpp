@@ -1,6 +1,4 @@
 // The petrodb host's well and table import commands, run as a user runs them.
-#include <sys/wait.h>
-
 #include <cstdio>
 #include <fstream>
 
@@ -14,25 +12,9 @@ namespace {
 namespace fs = std::filesystem;
 using Texts = std::vector<std::string>;
 
-struct CliRun {
-  int code;
-  std::string output;  // stdout and stderr together
-};
-
 class WellCommandsTest : public ProjectTest {
  protected:
-  CliRun Petrodb(const std::string& arguments) {
-    const char* cli = std::getenv("PETRODB_CLI");
-    const std::string program = cli ? cli : (fs::path(ProgramDirectory()) / "petrodb").string();
-    CliRun run{-1, {}};
-    FILE* pipe = popen((program + " " + arguments + " 2>&1").c_str(), "r");
-    if (!pipe) return run;
-    char buffer[4096];
-    while (std::size_t n = fread(buffer, 1, sizeof buffer, pipe)) run.output.append(buffer, n);
-    const int status = pclose(pipe);
-    run.code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    return run;
-  }
+  CliRun Petrodb(const std::string& arguments) { return RunPetrodb(arguments); }
   // The host commands open project files; on a server run there is none.
   bool NoProjectFile() const { return !jet(); }
   std::string Csv(const std::string& name, const std::string& text) {

@@ -83,6 +83,19 @@ void PrintProject(const ProjectRecord& p) {
               p.Projection.FalseEasting);
 }
 
+int ServerCreate(const std::vector<std::string>& args) {
+  const std::string& server = args.at(0);
+  const std::string& name = args.at(1);
+  auto factory = MakeFactory(server);
+  auto projects = Create<IBasicProjectData>(*factory, "IBasicProjectData");
+  if (!projects->CreateProjectDatabase(name.c_str(), server.c_str())) {
+    PrintError("database " + name + " exists on the server already or could not be created");
+    return kFailed;
+  }
+  std::printf("created database %s\n", name.c_str());
+  return kOk;
+}
+
 int Info(const std::vector<std::string>& args) {
   const std::string& file = args.at(0);
   if (!CheckProjectFile(file)) return kFailed;
@@ -164,6 +177,9 @@ bool DemoProject(DemoContext& c) {
 const CommandRegistration kNew{Command{
     "new", "<parent-dir> <name> [--description TEXT] [--extent SNmin,SNmax,EWmin,EWmax] [--depth-unit m|ft]",
     "create <parent-dir>/<name>/<name>.mdb from the template and record the project in it", &New, 2, 2}};
+const CommandRegistration kServerCreate{
+    Command{"server-create", "<server-connection> <name>",
+            "create project database <name> on a server from the backup beside the program", &ServerCreate, 2, 2}};
 const CommandRegistration kInfo{
     Command{"info", "<file>", "show the projects of a project file and the recently used ones", &Info, 1, 1}};
 const CommandRegistration kDemo{Command{"demo", "[dir]",
