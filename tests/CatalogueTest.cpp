@@ -26,6 +26,25 @@ TEST_F(CatalogueTest, LookupIsExactAndCaseSensitive) {
   }
 }
 
+IDataBase* CreateNothing() { return nullptr; }
+
+TEST_F(CatalogueTest, AClassThatCannotBeMadeIsReportedWithItsCaption) {
+  DataClassRecord* const head = g_classCatalogueHead;
+  DataClassRecord failing{"CFailing", "IFailing", &CreateNothing, nullptr};
+  DataClassRecord missing{"CMissing", "IMissing", nullptr, nullptr};
+  CatalogueRegistration{&failing};
+  CatalogueRegistration{&missing};
+  EXPECT_EQ(factory_->CreateObject("IFailing"), nullptr);
+  EXPECT_EQ(factory_->CreateObject("IMissing"), nullptr);
+  g_classCatalogueHead = head;
+  ASSERT_EQ(messages_.messages().size(), 2u);
+  for (const auto& m : messages_.messages()) {
+    EXPECT_EQ(m.text, "创建该对象失败！");
+    EXPECT_EQ(m.caption, "错误信息");
+    EXPECT_EQ(m.style, MessageStyle::Plain);
+  }
+}
+
 TEST_F(CatalogueTest, ClassNamesFollowTheInterfaceNames) {
   std::set<std::string> interfaces;
   for (DataClassRecord* r = g_classCatalogueHead; r; r = r->next) {
