@@ -15,6 +15,7 @@
 
 #include "dbaccess/ConnectionString.h"
 #include "dbaccess/DataObject.h"
+#include "Workloads.h"
 #include "dbaccess/DbManage.h"
 #include "dbaccess/Pool.h"
 #include "dbaccess/SqlText.h"
@@ -92,11 +93,7 @@ BenchServer* Server(benchmark::State& state) {
   return &server;
 }
 
-std::vector<std::string> Ids() {
-  std::vector<std::string> ids;
-  for (int i = 0; i < kRows; ++i) ids.push_back("W" + std::to_string(i));
-  return ids;
-}
+std::vector<std::string> Ids() { return petrodb::bench::WellIds(kRows); }
 
 // One operation's session from the pool, against the same query on an open PGconn.
 void PgSession_petrodb(benchmark::State& state) {
@@ -104,9 +101,7 @@ void PgSession_petrodb(benchmark::State& state) {
   if (!p) return;
   std::string description;
   for (auto _ : state) {
-    CDbManage db(p->connection.c_str());
-    db.GetDataFromDB("select * from b_project_data where ProjectName='P'");
-    db.GetFieldValue("Description", description);
+    petrodb::bench::ReadOneField(p->connection, description);
     benchmark::DoNotOptimize(description);
   }
 }
@@ -131,15 +126,7 @@ void PgSave_petrodb(benchmark::State& state) {
     state.PauseTiming();
     p->Exec("truncate bench_rows");
     state.ResumeTiming();
-    CDbManage db(p->connection.c_str());
-    db.BeginSaveData("bench_rows");
-    for (int i = 0; i < kRows; ++i) {
-      db.AddNew();
-      petrodb::FieldWriter out(db);
-      out("ProjectName", "P")("WellID", ids[i])("WellName", ids[i])("WellType", "oil")("Well_SN", i * 1.5)(
-          "Well_EW", i * 1.5)("WellFlag", '1')("WellSymbol", 3)("Kb", 10.5)("Ekb", 9.5)("WellDepth", 2000.0);
-    }
-    if (!db.SaveData()) state.SkipWithError("SaveData failed");
+    if (!petrodb::bench::SaveRows(p->connection, ids)) state.SkipWithError("SaveData failed");
   }
   state.SetItemsProcessed(state.iterations() * kRows);
 }
@@ -171,12 +158,7 @@ void PgSave_raw(benchmark::State& state) {
   state.SetItemsProcessed(state.iterations() * kRows);
 }
 
-struct Row {
-  std::string project, id, name, type;
-  double sn = 0, ew = 0, kb = 0, ekb = 0, depth = 0;
-  char flag = 0;
-  int symbol = 0;
-};
+using petrodb::bench::Row;
 
 // Reading 100,000 rows by column name, against PQgetvalue by index.
 void PgRead_petrodb(benchmark::State& state) {
@@ -185,16 +167,7 @@ void PgRead_petrodb(benchmark::State& state) {
   p->FillRows();
   std::vector<Row> rows;
   for (auto _ : state) {
-    rows.clear();
-    CDbManage db(p->connection.c_str());
-    petrodb::ForEachRow(db, "select * from bench_rows", false, [&](CDbManage& d) {
-      Row r;
-      petrodb::FieldReader in(d);
-      in("ProjectName", r.project)("WellID", r.id)("WellName", r.name)("WellType", r.type)("Well_SN", r.sn)(
-          "Well_EW", r.ew)("WellFlag", r.flag)("WellSymbol", r.symbol)("Kb", r.kb)("Ekb", r.ekb)("WellDepth", r.depth);
-      rows.push_back(std::move(r));
-      return true;
-    });
+    petrodb::bench::ReadRows(p->connection, rows);
     if (rows.size() != kRows) state.SkipWithError("rows lost");
   }
   state.SetItemsProcessed(state.iterations() * kRows);
@@ -235,19 +208,7 @@ void PgArray_petrodb(benchmark::State& state) {
   if (!p) return;
   std::vector<double> values(kArray, 1.25), back;
   for (auto _ : state) {
-    {
-      CDbManage db(p->connection.c_str());
-      db.ExecuteSQL("delete from bench_arrays");
-      db.BeginSaveData("bench_arrays");
-      db.AddNew();
-      petrodb::FieldWriter out(db);
-      out("Name", "a")("Data", values);
-      db.SaveData();
-    }
-    CDbManage db(p->connection.c_str());
-    db.GetDataFromDB("select * from bench_arrays", true);
-    petrodb::FieldReader in(db);
-    in("Data", back);
+    petrodb::bench::ArrayRoundTrip(p->connection, values, back);
     if (back.size() != values.size()) state.SkipWithError("array lost");
   }
   state.SetBytesProcessed(state.iterations() * kArray * sizeof(double) * 2);

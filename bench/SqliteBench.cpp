@@ -10,6 +10,7 @@
 #include "dbaccess/DataObject.h"
 #include "dbaccess/DbManage.h"
 #include "dbaccess/Pool.h"
+#include "Workloads.h"
 #include "petrodb/Host.h"
 
 namespace {
@@ -19,8 +20,6 @@ namespace fs = std::filesystem;
 constexpr int kRows = 100000;
 constexpr int kArray = 1000000;
 
-const char* kColumns[] = {"ProjectName", "WellID", "WellName", "WellType", "Well_SN", "Well_EW",
-                          "WellFlag",    "WellSymbol", "Kb",   "Ekb",      "WellDepth"};
 
 // One project file for the whole run, made from the template with a wide table.
 struct BenchProject {
@@ -80,9 +79,7 @@ void Session_petrodb(benchmark::State& state) {
   auto& p = Project();
   std::string description;
   for (auto _ : state) {
-    CDbManage db(p.connection.c_str());
-    db.GetDataFromDB("select * from b_project_data where ProjectName='P'");
-    db.GetFieldValue("Description", description);
+    petrodb::bench::ReadOneField(p.connection, description);
     benchmark::DoNotOptimize(description);
   }
 }
@@ -103,29 +100,18 @@ void Session_raw(benchmark::State& state) {
 // BeginSaveData, AddNew x 100,000, SaveData of 11-column rows.
 void SaveBatch_petrodb(benchmark::State& state) {
   auto& p = Project();
-  std::vector<std::string> ids;
-  for (int i = 0; i < kRows; ++i) ids.push_back("W" + std::to_string(i));
+  const auto ids = petrodb::bench::WellIds(kRows);
   for (auto _ : state) {
     state.PauseTiming();
     p.Clear("bench_rows");
     state.ResumeTiming();
-    CDbManage db(p.connection.c_str());
-    db.BeginSaveData("bench_rows");
-    for (int i = 0; i < kRows; ++i) {
-      db.AddNew();
-      petrodb::FieldWriter out(db);
-      out("ProjectName", "P")("WellID", ids[i])("WellName", ids[i])("WellType", "oil")(
-          "Well_SN", i * 1.5)("Well_EW", i * 1.5)("WellFlag", '1')("WellSymbol", 3)("Kb", 10.5)("Ekb", 9.5)(
-          "WellDepth", 2000.0);
-    }
-    if (!db.SaveData()) state.SkipWithError("SaveData failed");
+    if (!petrodb::bench::SaveRows(p.connection, ids)) state.SkipWithError("SaveData failed");
   }
   state.SetItemsProcessed(state.iterations() * kRows);
 }
 void SaveBatch_raw(benchmark::State& state) {
   auto& p = Project();
-  std::vector<std::string> ids;
-  for (int i = 0; i < kRows; ++i) ids.push_back("W" + std::to_string(i));
+  const auto ids = petrodb::bench::WellIds(kRows);
   for (auto _ : state) {
     state.PauseTiming();
     p.Clear("bench_rows");
@@ -154,12 +140,7 @@ void SaveBatch_raw(benchmark::State& state) {
   state.SetItemsProcessed(state.iterations() * kRows);
 }
 
-struct Row {
-  std::string project, id, name, type;
-  double sn = 0, ew = 0, kb = 0, ekb = 0, depth = 0;
-  char flag = 0;
-  int symbol = 0;
-};
+using petrodb::bench::Row;
 
 // Reading 100,000 rows by column name, against reading them by index.
 void ReadRows_petrodb(benchmark::State& state) {
@@ -167,17 +148,7 @@ void ReadRows_petrodb(benchmark::State& state) {
   p.FillRows();
   std::vector<Row> rows;
   for (auto _ : state) {
-    rows.clear();
-    CDbManage db(p.connection.c_str());
-    petrodb::ForEachRow(db, "select * from bench_rows", false, [&](CDbManage& d) {
-      Row r;
-      petrodb::FieldReader in(d);
-      in("ProjectName", r.project)("WellID", r.id)("WellName", r.name)("WellType", r.type)(
-          "Well_SN", r.sn)("Well_EW", r.ew)("WellFlag", r.flag)("WellSymbol", r.symbol)("Kb", r.kb)("Ekb", r.ekb)(
-          "WellDepth", r.depth);
-      rows.push_back(std::move(r));
-      return true;
-    });
+    petrodb::bench::ReadRows(p.connection, rows);
     benchmark::DoNotOptimize(rows.data());
   }
   state.SetItemsProcessed(state.iterations() * kRows);
@@ -218,19 +189,7 @@ void Array_petrodb(benchmark::State& state) {
   auto& p = Project();
   std::vector<double> values(kArray, 1.25), back;
   for (auto _ : state) {
-    {
-      CDbManage db(p.connection.c_str());
-      db.ExecuteSQL("delete from bench_arrays");
-      db.BeginSaveData("bench_arrays");
-      db.AddNew();
-      petrodb::FieldWriter out(db);
-      out("Name", "a")("Data", values);
-      db.SaveData();
-    }
-    CDbManage db(p.connection.c_str());
-    db.GetDataFromDB("select * from bench_arrays", true);
-    petrodb::FieldReader in(db);
-    in("Data", back);
+    petrodb::bench::ArrayRoundTrip(p.connection, values, back);
     if (back.size() != values.size()) state.SkipWithError("array lost");
   }
   state.SetBytesProcessed(state.iterations() * kArray * sizeof(double) * 2);

@@ -33,8 +33,8 @@ bool IsBareTableName(const std::string& text) {
 }
 
 // Converting reads: a cell to each kind a record field may hold.
-std::optional<double> CellAsDouble(const Cursor& c, int i) {
-  switch (c.Kind(i)) {
+std::optional<double> CellAsDouble(const Cursor& c, int i, CellKind kind) {
+  switch (kind) {
     case CellKind::Integer: return static_cast<double>(c.Integer(i));
     case CellKind::Real: return c.Real(i);
     case CellKind::Text: {
@@ -47,21 +47,22 @@ std::optional<double> CellAsDouble(const Cursor& c, int i) {
 }
 
 // Integers from reals round to nearest, ties to even, as a variant conversion does.
-std::optional<long long> CellAsInteger(const Cursor& c, int i) {
-  if (c.Kind(i) == CellKind::Integer) return c.Integer(i);
-  auto d = CellAsDouble(c, i);
+std::optional<long long> CellAsInteger(const Cursor& c, int i, CellKind kind) {
+  if (kind == CellKind::Integer) return c.Integer(i);
+  auto d = CellAsDouble(c, i, kind);
   if (!d || !std::isfinite(*d)) return std::nullopt;
   const double r = std::nearbyint(*d);
   if (r < -9.2e18 || r > 9.2e18) return std::nullopt;
   return static_cast<long long>(r);
 }
 
-std::optional<std::string> CellAsText(const Cursor& c, int i) {
-  switch (c.Kind(i)) {
-    case CellKind::Integer: return std::to_string(c.Integer(i));
-    case CellKind::Real: return petrodb::sql::ShortestText(c.Real(i));
-    case CellKind::Text: return std::string(c.Text(i));
-    default: return std::nullopt;
+// Numbers read as the shortest text that reads back the same.
+bool CellAsText(const Cursor& c, int i, CellKind kind, std::string& out) {
+  switch (kind) {
+    case CellKind::Integer: out = std::to_string(c.Integer(i)); return true;
+    case CellKind::Real: out = petrodb::sql::ShortestText(c.Real(i)); return true;
+    case CellKind::Text: out.assign(c.Text(i)); return true;
+    default: return false;
   }
 }
 
@@ -122,20 +123,23 @@ struct CDbManage::Impl {
 
   int ColumnIndex(const char* name) const {
     if (!cursor || !name) return -1;
+    const std::string_view wanted(name);
     const int n = cursor->ColumnCount();
     const int hint = lastColumn + 1;
-    if (hint < n && petrodb::sql::EqualsIgnoreCase(cursor->ColumnName(hint), name)) return lastColumn = hint;
+    if (hint < n && petrodb::sql::EqualsIgnoreCase(cursor->ColumnName(hint), wanted)) return lastColumn = hint;
     for (int i = 0; i < n; ++i)
-      if (petrodb::sql::EqualsIgnoreCase(cursor->ColumnName(i), name)) return lastColumn = i;
+      if (petrodb::sql::EqualsIgnoreCase(cursor->ColumnName(i), wanted)) return lastColumn = i;
     return -1;
   }
 
-  // The current row's cell, or -1 when there is no row, no such column or NULL.
-  int Field(const char* name) const {
+  // The current row's cell and its kind; -1 when there is no row, no such
+  // column, or the value is NULL.
+  int Field(const char* name, CellKind& kind) const {
     if (!cursor || !cursor->OnRow()) return -1;
     const int i = ColumnIndex(name);
-    if (i < 0 || cursor->Kind(i) == CellKind::Null) return -1;
-    return i;
+    if (i < 0) return -1;
+    kind = cursor->Kind(i);
+    return kind == CellKind::Null ? -1 : i;
   }
 
   // Rows of a batch usually set the same columns in the same order as the row
@@ -249,18 +253,16 @@ bool CDbManage::Read() {
 }
 
 bool CDbManage::GetFieldValue(const char* column, std::string& value) const {
-  const int i = impl_->Field(column);
-  if (i < 0) return false;
-  auto v = CellAsText(*impl_->cursor, i);
-  if (!v) return false;
-  value = std::move(*v);
-  return true;
+  CellKind kind;
+  const int i = impl_->Field(column, kind);
+  return i >= 0 && CellAsText(*impl_->cursor, i, kind, value);
 }
 
 bool CDbManage::GetFieldValue(const char* column, double& value) const {
-  const int i = impl_->Field(column);
+  CellKind kind;
+  const int i = impl_->Field(column, kind);
   if (i < 0) return false;
-  auto v = CellAsDouble(*impl_->cursor, i);
+  auto v = CellAsDouble(*impl_->cursor, i, kind);
   if (!v) return false;
   value = *v;
   return true;
@@ -274,26 +276,38 @@ bool CDbManage::GetFieldValue(const char* column, float& value) const {
 }
 
 bool CDbManage::GetFieldValue(const char* column, long& value) const {
-  const int i = impl_->Field(column);
-  return i >= 0 && NarrowInteger(CellAsInteger(*impl_->cursor, i), value);
+  CellKind kind;
+  const int i = impl_->Field(column, kind);
+  return i >= 0 && NarrowInteger(CellAsInteger(*impl_->cursor, i, kind), value);
 }
 
 bool CDbManage::GetFieldValue(const char* column, int& value) const {
-  const int i = impl_->Field(column);
-  return i >= 0 && NarrowInteger(CellAsInteger(*impl_->cursor, i), value);
+  CellKind kind;
+  const int i = impl_->Field(column, kind);
+  return i >= 0 && NarrowInteger(CellAsInteger(*impl_->cursor, i, kind), value);
 }
 
 // A flag reads the first character of the field's text ('1' for the number 1).
 bool CDbManage::GetFieldValue(const char* column, char& value) const {
+  CellKind kind;
+  const int i = impl_->Field(column, kind);
+  if (i < 0) return false;
+  if (kind == CellKind::Text) {  // the usual case, without a copy
+    const std::string_view text = impl_->cursor->Text(i);
+    if (text.empty()) return false;
+    value = text[0];
+    return true;
+  }
   std::string text;
-  if (!GetFieldValue(column, text) || text.empty()) return false;
+  if (!CellAsText(*impl_->cursor, i, kind, text) || text.empty()) return false;
   value = text[0];
   return true;
 }
 
 bool CDbManage::GetFieldValue(const char* column, Variant& value) const {
-  const int i = impl_->Field(column);
-  if (i < 0 || impl_->cursor->Kind(i) != CellKind::Blob) return false;
+  CellKind kind;
+  const int i = impl_->Field(column, kind);
+  if (i < 0 || kind != CellKind::Blob) return false;
   const auto bytes = impl_->cursor->Blob(i);
   std::vector<double> values(bytes.size() / sizeof(double));
   if (!values.empty()) std::memcpy(values.data(), bytes.data(), values.size() * sizeof(double));

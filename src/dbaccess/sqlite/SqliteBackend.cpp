@@ -105,10 +105,20 @@ class SqliteCursor final : public Cursor {
     onRow_ = sqlite3_step(stmt_) == SQLITE_ROW;
     return onRow_;
   }
-  int ColumnCount() const override { return sqlite3_column_count(stmt_); }
+  int ColumnCount() const override {
+    return names_.empty() ? sqlite3_column_count(stmt_) : static_cast<int>(names_.size());
+  }
+  // Names are looked up for every field read; they stay put while the statement lives.
   std::string_view ColumnName(int i) const override {
-    const char* name = sqlite3_column_name(stmt_, i);
-    return name ? name : "";
+    if (names_.empty()) {
+      const int n = sqlite3_column_count(stmt_);
+      names_.reserve(n);
+      for (int k = 0; k < n; ++k) {
+        const char* name = sqlite3_column_name(stmt_, k);
+        names_.emplace_back(name ? name : "");
+      }
+    }
+    return i >= 0 && i < static_cast<int>(names_.size()) ? names_[i] : std::string_view();
   }
   CellKind Kind(int i) const override {
     switch (sqlite3_column_type(stmt_, i)) {
@@ -135,6 +145,7 @@ class SqliteCursor final : public Cursor {
   sqlite3_stmt* stmt_;
   StmtHandle owned_;  // set when the cached statement was busy
   bool onRow_;
+  mutable std::vector<std::string_view> names_;
 };
 
 class SqliteConnection final : public Connection {
