@@ -57,9 +57,15 @@ std::string MapSegments(const std::string& in, Plain onPlain, Quoted onQuoted) {
   return out;
 }
 
+// `word` is lower-case ASCII.
 bool ContainsIgnoreCase(std::string_view text, std::string_view word) {
-  for (std::size_t i = 0; i + word.size() <= text.size(); ++i)
-    if (sql::EqualsIgnoreCase(text.substr(i, word.size()), word)) return true;
+  if (word.empty() || text.size() < word.size()) return false;
+  for (std::size_t i = 0; i + word.size() <= text.size(); ++i) {
+    if ((text[i] | 0x20) != word[0]) continue;
+    std::size_t k = 1;
+    while (k < word.size() && (text[i + k] | 0x20) == word[k]) ++k;
+    if (k == word.size()) return true;
+  }
   return false;
 }
 

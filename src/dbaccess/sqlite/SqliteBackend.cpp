@@ -110,15 +110,13 @@ class SqliteCursor final : public Cursor {
   }
   // Names are looked up for every field read; they stay put while the statement lives.
   std::string_view ColumnName(int i) const override {
-    if (names_.empty()) {
-      const int n = sqlite3_column_count(stmt_);
-      names_.reserve(n);
-      for (int k = 0; k < n; ++k) {
-        const char* name = sqlite3_column_name(stmt_, k);
-        names_.emplace_back(name ? name : "");
-      }
+    if (names_.empty()) names_.resize(sqlite3_column_count(stmt_));
+    if (i < 0 || i >= static_cast<int>(names_.size())) return {};
+    if (!names_[i].data()) {
+      const char* name = sqlite3_column_name(stmt_, i);
+      names_[i] = name ? std::string_view(name) : std::string_view("", 0);
     }
-    return i >= 0 && i < static_cast<int>(names_.size()) ? names_[i] : std::string_view();
+    return names_[i];
   }
   CellKind Kind(int i) const override {
     switch (sqlite3_column_type(stmt_, i)) {
