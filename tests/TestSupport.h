@@ -99,6 +99,28 @@ class ProjectTest : public ::testing::Test {
   SqlRecorder sql_;
 };
 
+// An interface name held in a type: ObjectTest<IDeviateData, "IDeviateData">.
+template <std::size_t N>
+struct InterfaceName {
+  char chars[N]{};
+  constexpr InterfaceName(const char (&text)[N]) {  // NOLINT: implicit on purpose
+    for (std::size_t i = 0; i < N; ++i) chars[i] = text[i];
+  }
+};
+
+// A fixture whose tests work on one data object, made from the catalogue and
+// connected to the test's new project before each test.
+template <class Interface, InterfaceName Name>
+class ObjectTest : public ProjectTest {
+ protected:
+  void SetUp() override {
+    ProjectTest::SetUp();
+    object_ = Make<Interface>(Name.chars);
+    ASSERT_TRUE(object_) << "the catalogue has no " << Name.chars;
+  }
+  std::unique_ptr<Interface> object_;
+};
+
 // Skips a test that needs a project file when the project is on a server.
 #define PETRODB_SKIP_ON_SERVER()                                             \
   do {                                                                       \

@@ -22,3 +22,21 @@ int BeginWaitingDlg(const std::string& text, int unused = 0);
 void EndWaitingDlg(int handle);
 
 }  // namespace petrodb
+
+namespace petrodb {
+
+// A message an operation shows on a given failure: its call and its text.
+// The empty message shows nothing.
+struct Message {
+  MessageStyle style = MessageStyle::Application;
+  const char* text = nullptr;
+  void Show() const {
+    if (text) ShowMessage(style, text, style == MessageStyle::Plain ? kErrorCaption : "");
+  }
+};
+// Shown with AfxMessageBox (the text alone).
+constexpr Message AppMessage(const char* text) { return {MessageStyle::Application, text}; }
+// Shown with MessageBoxA under the caption "错误信息".
+constexpr Message ErrorMessage(const char* text) { return {MessageStyle::Plain, text}; }
+
+}  // namespace petrodb

@@ -10,9 +10,6 @@
 
 namespace petrodb {
 
-// What a select answers when a row of its result could not be read.
-inline constexpr int kRowUnreadable = -1;
-
 // Runs a select and appends one record per row, read by `read(db, record)`.
 // Answers the select's result (0, 1, 2), or kRowUnreadable when a row could
 // not be read; the rows before it stay appended.

@@ -8,7 +8,10 @@
 namespace petrodb::sql {
 namespace {
 
-bool HoldsQuote(std::string_view value) { return value.find('\'') != std::string_view::npos; }
+// A quote would end the literal a value stands in; a NUL would cut the text
+// short where it is handed on as a C string.
+bool HoldsQuote(std::string_view value) { return value.find_first_of(std::string_view("'\0", 2)) != std::string_view::npos; }
+bool HoldsNul(std::string_view value) { return value.find('\0') != std::string_view::npos; }
 
 void Pad(std::string& out, std::string_view body, int width, bool left, bool zero) {
   const int fill = width - static_cast<int>(body.size());
@@ -98,6 +101,7 @@ std::string FormatArgs(std::string_view pattern, std::span<const Arg> args) {
         } else {
           if (arg.poisoned) return {};
           if (arg.kind == Arg::kText && insideQuotes && HoldsQuote(arg.text)) return {};
+          if (HoldsNul(arg.text)) return {};
           body.assign(arg.text);
         }
         if (precision >= 0 && static_cast<std::size_t>(precision) < body.size()) body.resize(precision);

@@ -3,9 +3,9 @@
 // spliced without escaping, and the value lists of "in (...)" clauses.
 //
 // A text value that a statement places between single quotes must not hold a
-// quote: such a value empties the whole statement, and the session answers an
-// empty statement as one that could not run. No quote inside a value can change
-// what a statement does.
+// quote, and no value may hold a NUL: such a value empties the whole statement,
+// and the session answers an empty statement as one that could not run. No quote
+// inside a value can change what a statement does, and no key is cut short.
 #include <cstddef>
 #include <span>
 #include <string>

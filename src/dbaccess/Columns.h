@@ -1,0 +1,198 @@
+#pragma once
+// Column tables: a record's columns declared once, driving both reading and
+// writing.
+//
+//   const ColumnTable<WellRecord> kWellColumns{"w_well_data", {
+//       Col("WellID", &WellRecord::WellID),
+//       Col("WellName", &WellRecord::WellName),
+//       Col("Remark", &WellRecord::Remark).Or(std::string()),  // falls back when unreadable
+//       Col("ImageType", &WellRecord::ImageType).WriteOnly(),
+//   }};
+//
+// Reading goes through the columns in the declared order and stops at the first
+// required column that cannot be read (missing, NULL or not convertible); the
+// fields read before it keep their values. A column with a fallback takes the
+// fallback instead. Writing sets every written column of the row begun with
+// AddNew, in the declared order (which is the column order of the insert).
+//
+// Every table registers itself, so a test can hold each declaration against the
+// schema: the column exists in the named table (or in the table a view names)
+// with a type the member can hold.
+#include <functional>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include "dbaccess/DbManage.h"
+#include "petrodb/DateTime.h"
+#include "petrodb/Variant.h"
+
+namespace petrodb {
+
+// What a record member holds, as far as the schema check cares.
+enum class MemberKind { Text, Real, Integer, Flag, Doubles, Date };
+
+// How an empty double array is written: as NULL, or as a zero-length value.
+enum class EmptyArray { Null, ZeroLength };
+
+namespace columns {
+
+template <class T>
+constexpr MemberKind KindOf() {
+  if constexpr (std::is_same_v<T, std::string>) return MemberKind::Text;
+  else if constexpr (std::is_same_v<T, char>) return MemberKind::Flag;
+  else if constexpr (std::is_floating_point_v<T>) return MemberKind::Real;
+  else if constexpr (std::is_integral_v<T>) return MemberKind::Integer;
+  else if constexpr (std::is_same_v<T, std::vector<double>> || std::is_same_v<T, Variant>) return MemberKind::Doubles;
+  else if constexpr (std::is_same_v<T, DateTime>) return MemberKind::Date;
+  else static_assert(sizeof(T) == 0, "no column kind for this member type");
+}
+
+// One field of the current row into a member; false when it cannot be read.
+bool ReadValue(const CDbManage& db, const char* column, std::string& value);
+bool ReadValue(const CDbManage& db, const char* column, double& value);
+bool ReadValue(const CDbManage& db, const char* column, float& value);
+bool ReadValue(const CDbManage& db, const char* column, int& value);
+bool ReadValue(const CDbManage& db, const char* column, long& value);
+bool ReadValue(const CDbManage& db, const char* column, char& value);
+bool ReadValue(const CDbManage& db, const char* column, std::vector<double>& value);
+bool ReadValue(const CDbManage& db, const char* column, Variant& value);
+bool ReadValue(const CDbManage& db, const char* column, DateTime& value);
+
+void WriteValue(CDbManage& db, const char* column, const std::string& value, EmptyArray);
+void WriteValue(CDbManage& db, const char* column, double value, EmptyArray);
+void WriteValue(CDbManage& db, const char* column, float value, EmptyArray);
+void WriteValue(CDbManage& db, const char* column, int value, EmptyArray);
+void WriteValue(CDbManage& db, const char* column, long value, EmptyArray);
+void WriteValue(CDbManage& db, const char* column, char value, EmptyArray);
+void WriteValue(CDbManage& db, const char* column, const std::vector<double>& value, EmptyArray empty);
+void WriteValue(CDbManage& db, const char* column, const Variant& value, EmptyArray);
+void WriteValue(CDbManage& db, const char* column, const DateTime& value, EmptyArray);
+
+}  // namespace columns
+
+template <class Record>
+struct Column {
+  const char* name = nullptr;
+  MemberKind kind = MemberKind::Text;
+  bool required = true;  // an unreadable value fails the read
+  bool read = true;
+  bool written = true;
+  EmptyArray emptyArray = EmptyArray::Null;
+  // Reads the member; false when the value cannot be read.
+  std::function<bool(const CDbManage&, Record&)> get;
+  // Gives the member its fallback (columns that are not required); null keeps
+  // the member as it was.
+  std::function<void(Record&)> fallback;
+  std::function<void(CDbManage&, const Record&, EmptyArray)> set;
+};
+
+// What Col() gives: a column that still knows its member's type, so that its
+// options can be chained. It converts to Column<Record>.
+template <class Record, class T>
+struct ColumnOf : Column<Record> {
+  T Record::*member = nullptr;
+
+  // Not required: an unreadable value gives the member `value`.
+  ColumnOf Or(T value) && {
+    this->required = false;
+    this->fallback = [m = member, value](Record& r) { r.*m = value; };
+    return std::move(*this);
+  }
+  // Not required: an unreadable value leaves the member as it was.
+  ColumnOf Optional() && {
+    this->required = false;
+    this->fallback = nullptr;
+    return std::move(*this);
+  }
+  // Written, never read back (loads leave the member as it is).
+  ColumnOf WriteOnly() && {
+    this->read = false;
+    return std::move(*this);
+  }
+  // Read, never written (the database fills it, or the row is keyed elsewhere).
+  ColumnOf ReadOnly() && {
+    this->written = false;
+    return std::move(*this);
+  }
+  // An empty array is written as a zero-length value, not as NULL.
+  ColumnOf EmptyAsZeroLength() && {
+    this->emptyArray = EmptyArray::ZeroLength;
+    return std::move(*this);
+  }
+};
+
+// A column of `Record` held in `member`: required, read and written.
+template <class Record, class T>
+ColumnOf<Record, T> Col(const char* name, T Record::*member) {
+  ColumnOf<Record, T> c;
+  c.name = name;
+  c.kind = columns::KindOf<T>();
+  c.member = member;
+  c.get = [name, member](const CDbManage& db, Record& r) { return columns::ReadValue(db, name, r.*member); };
+  c.set = [name, member](CDbManage& db, const Record& r, EmptyArray empty) {
+    columns::WriteValue(db, name, r.*member, empty);
+  };
+  return c;
+}
+
+// The registered tables, for the schema check.
+struct ColumnTableInfo {
+  std::string table;
+  std::vector<std::pair<std::string, MemberKind>> columns;
+};
+const std::vector<ColumnTableInfo>& RegisteredColumnTables();
+void RegisterColumnTable(ColumnTableInfo info);
+
+template <class Record>
+class ColumnTable {
+ public:
+  ColumnTable(const char* table, std::initializer_list<Column<Record>> columns)
+      : table_(table), columns_(columns) {
+    ColumnTableInfo info{table_, {}};
+    for (const auto& c : columns_) info.columns.emplace_back(c.name, c.kind);
+    RegisterColumnTable(std::move(info));
+  }
+
+  const char* table() const { return table_; }
+  const std::vector<Column<Record>>& columns() const { return columns_; }
+
+  // Reads the current row into `record` in the declared order; false at the
+  // first required column that cannot be read (fields read so far keep their
+  // values, later ones are not touched).
+  bool Read(const CDbManage& db, Record& record) const {
+    for (const auto& c : columns_) {
+      if (!c.read) continue;
+      if (c.get(db, record)) continue;
+      if (c.required) return false;
+      if (c.fallback) c.fallback(record);
+    }
+    return true;
+  }
+
+  // Sets the written columns of the row begun with AddNew, in the declared order.
+  void Write(CDbManage& db, const Record& record) const {
+    for (const auto& c : columns_)
+      if (c.written) c.set(db, record, c.emptyArray);
+  }
+
+  // Begins a row (AddNew) and writes the record into it.
+  void AddRow(CDbManage& db, const Record& record) const {
+    db.AddNew();
+    Write(db, record);
+  }
+  // One row per record, in order.
+  template <class Range>
+  void AddRows(CDbManage& db, const Range& records) const {
+    for (const auto& r : records) AddRow(db, r);
+  }
+
+ private:
+  const char* table_;
+  std::vector<Column<Record>> columns_;
+};
+
+}  // namespace petrodb
