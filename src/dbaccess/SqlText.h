@@ -27,6 +27,8 @@ struct Raw {
   std::string_view text;
 };
 
+class Statement;  // Statement.h
+
 namespace detail {
 struct Arg {
   enum Kind { kText, kFragment, kRaw, kInt, kReal } kind;
@@ -40,6 +42,7 @@ inline Arg MakeArg(const std::string& v) { return {Arg::kText, v}; }
 inline Arg MakeArg(std::string_view v) { return {Arg::kText, v}; }
 inline Arg MakeArg(const Fragment& v) { return {Arg::kFragment, v.text, v.poisoned}; }
 inline Arg MakeArg(Raw v) { return {Arg::kRaw, v.text}; }
+Arg MakeArg(const Statement& v);  // Statement.h
 template <class T>
   requires std::is_integral_v<T>
 Arg MakeArg(T v) {

@@ -1,0 +1,190 @@
+// The shared verbs of data objects and their column tables, on both engines:
+// what a list keeps, which columns a read needs, the order of a replace's
+// steps as the trace shows it, and keys refused before anything is written.
+#include "TestSupport.h"
+#include "dbaccess/DataObject.h"
+#include "dbaccess/Schema.h"
+
+namespace petrodb::test {
+namespace {
+
+struct Row {
+  std::string WellID, WellName;
+  double Kb = -1;
+  int WellSymbol = -1;
+  char WellFlag = '?';
+};
+
+const ColumnTable<Row> kRows{"w_well_data", {
+    Col("WellID", &Row::WellID),
+    Col("WellName", &Row::WellName),
+    Col("Kb", &Row::Kb).Or(-99999.0),
+    Col("WellSymbol", &Row::WellSymbol),
+    Col("WellFlag", &Row::WellFlag).Optional(),
+}};
+
+constexpr Pattern<"select * from w_well_data where ProjectName = '%s' order by WellID"> kSelect;
+constexpr Pattern<"delete from w_well_data where WellID = '%s'"> kDelete;
+
+// The verbs, opened up for the tests.
+class Verbs final : public CDataObject<IDataBase> {
+ public:
+  using CDataObject::Append;
+  using CDataObject::Exists;
+  using CDataObject::ListColumn;
+  using CDataObject::LoadAll;
+  using CDataObject::LoadOne;
+  using CDataObject::Replace;
+  using CDataObject::ReplaceAfter;
+};
+
+class DataObjectVerbTest : public ProjectTest {
+ protected:
+  void SetUp() override {
+    ProjectTest::SetUp();
+    verbs_.SetConnection(connection_.c_str());
+  }
+  void Insert(const std::string& id, const std::string& name, const char* kb, const char* symbol) {
+    Exec("insert into w_well_data (ProjectName, WellID, WellName, Kb, WellSymbol) values ('P', '" + id + "', '" +
+         name + "', " + kb + ", " + symbol + ")");
+  }
+  Verbs verbs_;
+};
+
+TEST_F(DataObjectVerbTest, ListsAreClearedUnlessTheyAppend) {
+  Insert("W1", "one", "10", "1");
+  Insert("W2", "two", "20", "2");
+  std::vector<Row> rows(3);
+  EXPECT_TRUE(verbs_.LoadAll(kSelect("P"), kRows, rows, Fill::Clear).found());
+  ASSERT_EQ(rows.size(), 2u);
+  EXPECT_EQ(rows[1].WellName, "two");
+  EXPECT_TRUE(verbs_.LoadAll(kSelect("P"), kRows, rows, Fill::Append).found());
+  EXPECT_EQ(rows.size(), 4u);
+
+  std::vector<std::string> ids{"old"};
+  EXPECT_TRUE(verbs_.ListColumn(kSelect("P"), "WellID", ids, Fill::Clear).found());
+  EXPECT_EQ(ids, (std::vector<std::string>{"W1", "W2"}));
+  // No rows: the statement ran, nothing was found, the list is empty.
+  const Loaded none = verbs_.LoadAll(kSelect("nobody"), kRows, rows, Fill::Clear);
+  EXPECT_TRUE(none.ran());
+  EXPECT_FALSE(none.found());
+  EXPECT_TRUE(rows.empty());
+  // A missing table: could not run.
+  EXPECT_FALSE(verbs_.LoadAll("select * from no_such_table", kRows, rows, Fill::Clear).ran());
+}
+
+TEST_F(DataObjectVerbTest, ARequiredColumnStopsTheReadAndAFallbackDoesNot) {
+  Insert("W1", "one", "NULL", "7");   // Kb falls back
+  Insert("W2", "two", "20", "NULL");  // WellSymbol is required
+  Insert("W3", "three", "30", "3");
+  Row one;
+  ASSERT_TRUE(verbs_.LoadOne("select * from w_well_data where WellID = 'W1'", kRows, one));
+  EXPECT_EQ(one.Kb, -99999.0);
+  EXPECT_EQ(one.WellSymbol, 7);
+  EXPECT_EQ(one.WellFlag, '?');  // optional and NULL: left as it was
+
+  Row two;
+  EXPECT_FALSE(verbs_.LoadOne("select * from w_well_data where WellID = 'W2'", kRows, two));
+  // Read up to the failing column, nothing after it.
+  EXPECT_EQ(two.WellName, "two");
+  EXPECT_EQ(two.Kb, 20);
+  EXPECT_EQ(two.WellSymbol, -1);
+
+  // In a list, the unreadable row ends the read; the rows before it stay.
+  std::vector<Row> rows;
+  const Loaded loaded = verbs_.LoadAll(kSelect("P"), kRows, rows, Fill::Clear);
+  EXPECT_FALSE(loaded.ran());
+  EXPECT_EQ(loaded.result, kRowUnreadable);
+  ASSERT_EQ(rows.size(), 1u);
+  EXPECT_EQ(rows[0].WellID, "W1");
+}
+
+TEST_F(DataObjectVerbTest, ReplaceStepsComeInTheDeclaredOrder) {
+  const Row row{"W1", "one", 5, 1, '1'};
+  auto write = [&](CDbManage& db) { kRows.AddRow(db, row); };
+  const std::string insert = "insert into w_well_data (WellID, WellName, Kb, WellSymbol, WellFlag) values (?, ?, ?, ?, ?)";
+
+  sql_.clear();
+  ASSERT_TRUE(verbs_.Replace({"w_well_data", Probe::First}, kDelete("W1"), write));
+  EXPECT_EQ(sql_.texts(), (std::vector<std::string>{"w_well_data", "delete from w_well_data where WellID = 'W1'",
+                                                    insert}));
+  sql_.clear();
+  ASSERT_TRUE(verbs_.Replace({"w_well_data", Probe::AfterDelete}, kDelete("W1"), write));
+  EXPECT_EQ(sql_.texts(), (std::vector<std::string>{"delete from w_well_data where WellID = 'W1'", "w_well_data",
+                                                    insert}));
+  sql_.clear();
+  ASSERT_TRUE(verbs_.Replace({"w_well_data", Probe::None}, kDelete("W1"), write));
+  EXPECT_EQ(sql_.texts(), (std::vector<std::string>{"delete from w_well_data where WellID = 'W1'", insert}));
+  EXPECT_EQ(Query("select count(*) from w_well_data"), std::vector<std::string>{"1"});
+}
+
+TEST_F(DataObjectVerbTest, AMissingTableShowsItsMessageAndWritesNothing) {
+  const ReplaceSteps steps{"w_no_such_table", Probe::First, ErrorMessage("测试表为空！"), ErrorMessage("保存数据库出错！")};
+  bool wrote = false;
+  EXPECT_FALSE(verbs_.Replace(steps, kDelete("W1"), [&](CDbManage&) { wrote = true; }));
+  EXPECT_FALSE(wrote);
+  ASSERT_EQ(messages_.messages().size(), 1u);
+  EXPECT_EQ(messages_.messages()[0].text, "测试表为空！");
+  EXPECT_EQ(messages_.messages()[0].caption, "错误信息");
+  EXPECT_EQ(sql_.texts("ExecuteSQL"), std::vector<std::string>{});
+}
+
+TEST_F(DataObjectVerbTest, AKeyWithAQuoteOrNulIsRefusedBeforeAnyWrite) {
+  Insert("W1", "one", "1", "1");
+  for (const std::string key : {std::string("W1' or ''='"), std::string("W1\0x", 4)}) {
+    sql_.clear();
+    const Row row{key, "bad", 1, 1, '0'};
+    EXPECT_FALSE(verbs_.Replace({"w_well_data"}, kDelete(key), [&](CDbManage& db) { kRows.AddRow(db, row); }));
+    EXPECT_TRUE(sql_.texts("ExecuteSQL").empty());
+    EXPECT_TRUE(sql_.texts("SaveData").empty());
+  }
+  EXPECT_EQ(Query("select WellID from w_well_data"), std::vector<std::string>{"W1"});
+}
+
+TEST_F(DataObjectVerbTest, AFailedSaveShowsTheSaveMessage) {
+  const ReplaceSteps steps{"w_well_data", Probe::None, {}, ErrorMessage("保存数据库出错！")};
+  // A column the table does not have makes the insert fail.
+  EXPECT_FALSE(verbs_.ReplaceAfter(steps, [](CDbManage&) { return true; }, [](CDbManage& db) {
+    db.AddNew();
+    db.SetFieldValue("NoSuchColumn", 1);
+  }));
+  ASSERT_EQ(messages_.texts(), std::vector<std::string>{"保存数据库出错！"});
+}
+
+// Every column table of every data class names columns the schema has, with a
+// type its member can hold, so code and schema cannot drift apart.
+TEST(ColumnTables, MatchTheSchema) {
+  const schema::Schema& s = schema::Builtin();
+  auto fits = [](MemberKind member, schema::Type column) {
+    using T = schema::Type;
+    switch (member) {
+      case MemberKind::Text: return column == T::Text || column == T::Date;
+      case MemberKind::Flag: return column == T::Text || column == T::Int;
+      case MemberKind::Real: return column == T::Double || column == T::Int || column == T::AutoNumber;
+      case MemberKind::Integer: return column == T::Int || column == T::AutoNumber || column == T::Double;
+      case MemberKind::Doubles: return column == T::DoubleArray;
+      case MemberKind::Date: return column == T::Date || column == T::Text;
+    }
+    return false;
+  };
+  ASSERT_FALSE(RegisteredColumnTables().empty());
+  for (const auto& table : RegisteredColumnTables()) {
+    std::string name = table.table;
+    for (const auto& view : s.views)
+      if (sql::EqualsIgnoreCase(view.name, name)) name = view.table;
+    const schema::Table* t = s.FindTable(name);
+    ASSERT_TRUE(t) << "no table " << table.table << " in the schema";
+    for (const auto& [column, kind] : table.columns) {
+      const schema::Column* c = t->FindColumn(column);
+      if (!c) {
+        for (const auto& alias : t->aliases)
+          if (sql::EqualsIgnoreCase(alias.alias, column)) c = t->FindColumn(alias.column);
+      }
+      ASSERT_TRUE(c) << table.table << " has no column " << column;
+      EXPECT_TRUE(fits(kind, c->type)) << table.table << "." << column << " cannot hold its member";
+    }
+  }
+}
+
+}  // namespace
+}  // namespace petrodb::test
