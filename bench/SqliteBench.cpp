@@ -12,6 +12,7 @@
 #include "dbaccess/Pool.h"
 #include "Workloads.h"
 #include "petrodb/Host.h"
+#include "petrodb/IDataFactory.h"
 
 namespace {
 
@@ -217,6 +218,50 @@ void Array_raw(benchmark::State& state) {
   state.SetBytesProcessed(state.iterations() * kArray * sizeof(double) * 2);
 }
 
+// Replacing one record by key: the petrodb operation (probe, delete, insert)
+// against the raw engine doing the delete and the insert in one transaction.
+void Replace_petrodb(benchmark::State& state) {
+  auto& p = Project();
+  IDataFactory* factory = CreateDataFactoryObject();
+  std::unique_ptr<IAliasData> aliases(static_cast<IAliasData*>(factory->CreateObject("IAliasData")));
+  aliases->SetConnection(p.connection.c_str());
+  int round = 0;
+  for (auto _ : state)
+    if (!petrodb::bench::ReplaceAlias(*aliases, ++round)) state.SkipWithError("replace failed");
+  aliases.reset();
+  DeleteDataFactory(factory);
+}
+void Replace_raw(benchmark::State& state) {
+  auto& p = Project();
+  sqlite3_stmt* probe = nullptr;
+  sqlite3_stmt* remove = nullptr;
+  sqlite3_stmt* insert = nullptr;
+  sqlite3_prepare_v2(p.raw, "select * from b_image_alias", -1, &probe, nullptr);
+  sqlite3_prepare_v2(p.raw, "delete from b_image_alias where AliasName='sand'", -1, &remove, nullptr);
+  sqlite3_prepare_v2(p.raw, "insert into b_image_alias (AliasName, ImageType, ImageFacet, ImageName) values (?, ?, ?, ?)",
+                     -1, &insert, nullptr);
+  int round = 0;
+  for (auto _ : state) {
+    sqlite3_step(probe);
+    sqlite3_reset(probe);
+    sqlite3_exec(p.raw, "begin immediate", nullptr, nullptr, nullptr);
+    sqlite3_step(remove);
+    sqlite3_reset(remove);
+    sqlite3_bind_text(insert, 1, "sand", -1, SQLITE_STATIC);
+    sqlite3_bind_int(insert, 2, 1);
+    sqlite3_bind_int(insert, 3, ++round);
+    sqlite3_bind_text(insert, 4, "sandstone", -1, SQLITE_STATIC);
+    sqlite3_step(insert);
+    sqlite3_reset(insert);
+    sqlite3_exec(p.raw, "commit", nullptr, nullptr, nullptr);
+  }
+  sqlite3_finalize(probe);
+  sqlite3_finalize(remove);
+  sqlite3_finalize(insert);
+}
+
+BENCHMARK(Replace_petrodb)->Name("Replace/petrodb")->Unit(benchmark::kMicrosecond);
+BENCHMARK(Replace_raw)->Name("Replace/raw")->Unit(benchmark::kMicrosecond);
 BENCHMARK(Session_petrodb)->Name("Session/petrodb");
 BENCHMARK(Session_raw)->Name("Session/raw");
 BENCHMARK(SaveBatch_petrodb)->Name("SaveBatch100k/petrodb")->Unit(benchmark::kMillisecond)->Iterations(5);

@@ -6,6 +6,7 @@
 
 #include "dbaccess/DataObject.h"
 #include "dbaccess/DbManage.h"
+#include "petrodb/welllog/IAliasData.h"
 
 namespace petrodb::bench {
 
@@ -16,6 +17,18 @@ struct Row {
   char flag = 0;
   int symbol = 0;
 };
+
+inline const ColumnTable<Row> kRowColumns{"bench_rows", {
+    Col("ProjectName", &Row::project), Col("WellID", &Row::id), Col("WellName", &Row::name),
+    Col("WellType", &Row::type), Col("Well_SN", &Row::sn), Col("Well_EW", &Row::ew), Col("WellFlag", &Row::flag),
+    Col("WellSymbol", &Row::symbol), Col("Kb", &Row::kb), Col("Ekb", &Row::ekb), Col("WellDepth", &Row::depth),
+}};
+
+struct ArrayRow {
+  std::string name;
+  std::vector<double> data;
+};
+inline const ColumnTable<ArrayRow> kArrayColumns{"bench_arrays", {Col("Name", &ArrayRow::name), Col("Data", &ArrayRow::data)}};
 
 inline std::vector<std::string> WellIds(int count) {
   std::vector<std::string> ids;
@@ -34,11 +47,11 @@ inline void ReadOneField(const std::string& connection, std::string& description
 inline bool SaveRows(const std::string& connection, const std::vector<std::string>& ids) {
   CDbManage db(connection.c_str());
   db.BeginSaveData("bench_rows");
+  Row row{"P", "", "", "oil", 0, 0, 10.5, 9.5, 2000.0, '1', 3};
   for (std::size_t i = 0; i < ids.size(); ++i) {
-    db.AddNew();
-    FieldWriter out(db);
-    out("ProjectName", "P")("WellID", ids[i])("WellName", ids[i])("WellType", "oil")("Well_SN", i * 1.5)(
-        "Well_EW", i * 1.5)("WellFlag", '1')("WellSymbol", 3)("Kb", 10.5)("Ekb", 9.5)("WellDepth", 2000.0);
+    row.id = row.name = ids[i];
+    row.sn = row.ew = i * 1.5;
+    kRowColumns.AddRow(db, row);
   }
   return db.SaveData();
 }
@@ -49,9 +62,7 @@ inline void ReadRows(const std::string& connection, std::vector<Row>& rows) {
   CDbManage db(connection.c_str());
   ForEachRow(db, "select * from bench_rows", false, [&](CDbManage& d) {
     Row r;
-    FieldReader in(d);
-    in("ProjectName", r.project)("WellID", r.id)("WellName", r.name)("WellType", r.type)("Well_SN", r.sn)(
-        "Well_EW", r.ew)("WellFlag", r.flag)("WellSymbol", r.symbol)("Kb", r.kb)("Ekb", r.ekb)("WellDepth", r.depth);
+    kRowColumns.Read(d, r);
     rows.push_back(std::move(r));
     return true;
   });
@@ -64,15 +75,17 @@ inline void ArrayRoundTrip(const std::string& connection, const std::vector<doub
     CDbManage db(connection.c_str());
     db.ExecuteSQL("delete from bench_arrays");
     db.BeginSaveData("bench_arrays");
-    db.AddNew();
-    FieldWriter out(db);
-    out("Name", "a")("Data", values);
+    kArrayColumns.AddRow(db, ArrayRow{"a", values});
     db.SaveData();
   }
   CDbManage db(connection.c_str());
   db.GetDataFromDB("select * from bench_arrays", true);
-  FieldReader in(db);
-  in("Data", back);
+  columns::ReadValue(db, "Data", back);
+}
+
+// An operation that replaces a record by key: probe, delete, insert.
+inline bool ReplaceAlias(IAliasData& aliases, int round) {
+  return aliases.SaveImageAlias(ImageAlias{"sand", 1, round, "sandstone"});
 }
 
 }  // namespace petrodb::bench
