@@ -10,34 +10,28 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-class AoiTest : public ProjectTest {
+class AoiTest : public ObjectTest<IAOIData, "IAOIData"> {
  protected:
-  void SetUp() override {
-    ProjectTest::SetUp();
-    aoi_ = Make<IAOIData>("IAOIData");
-    ASSERT_TRUE(aoi_);
-  }
   static AOIRecord Area(const char* name, double x0 = 1, double x1 = 2, double y0 = 3, double y1 = 4) {
     return AOIRecord{name, "ignored", "desc", x0, x1, y0, y1};
   }
-  std::unique_ptr<IAOIData> aoi_;
 };
 
 TEST_F(AoiTest, NamesAreLoweredByAsciiOnly) {
-  ASSERT_TRUE(aoi_->SaveAOI("P1", Area("Zone A")));
-  ASSERT_TRUE(aoi_->SaveAOI("P1", Area("区块B")));
+  ASSERT_TRUE(object_->SaveAOI("P1", Area("Zone A")));
+  ASSERT_TRUE(object_->SaveAOI("P1", Area("区块B")));
   EXPECT_EQ(Query("select AOIName from b_aoi_data order by AOIName"), (Texts{"zone a", "区块b"}));
   EXPECT_EQ(Query("select ProjectName from b_aoi_data"), (Texts{"P1", "P1"}));  // the argument, not the field
   sql_.clear();
-  EXPECT_TRUE(aoi_->IsAOIExist("P1", "ZONE A"));
+  EXPECT_TRUE(object_->IsAOIExist("P1", "ZONE A"));
   EXPECT_EQ(sql_.texts().back(),
             jet() ? "select AOIName from b_aoi_data where lcase(AOIName)='zone a' and \t\t\tProjectName = 'P1'"
                   : "select AOIName from b_aoi_data where lower(AOIName)='zone a' and \t\t\tProjectName='P1'");
-  EXPECT_FALSE(aoi_->IsAOIExist("P2", "Zone A"));
+  EXPECT_FALSE(object_->IsAOIExist("P2", "Zone A"));
 
   AOIRecord r;
   sql_.clear();
-  ASSERT_TRUE(aoi_->LoadAOI("P1", "ZONE a", r));
+  ASSERT_TRUE(object_->LoadAOI("P1", "ZONE a", r));
   EXPECT_EQ(sql_.texts(), Texts{"select * from b_aoi_data where AOIName='zone a' and ProjectName = 'P1'"});
   EXPECT_EQ(r.AOIName, "zone a");
   EXPECT_EQ(r.ProjectName, "P1");
@@ -47,23 +41,23 @@ TEST_F(AoiTest, NamesAreLoweredByAsciiOnly) {
 }
 
 TEST_F(AoiTest, SavingTheNameInAnotherProjectMovesIt) {
-  ASSERT_TRUE(aoi_->SaveAOI("P1", Area("Zone A")));
-  ASSERT_TRUE(aoi_->SaveAOI("P2", Area("zone a", 5, 6, 7, 8)));
+  ASSERT_TRUE(object_->SaveAOI("P1", Area("Zone A")));
+  ASSERT_TRUE(object_->SaveAOI("P2", Area("zone a", 5, 6, 7, 8)));
   EXPECT_EQ(Query("select ProjectName from b_aoi_data"), Texts{"P2"});
-  ASSERT_TRUE(aoi_->SaveAOI("P1", Area("other")));
+  ASSERT_TRUE(object_->SaveAOI("P1", Area("other")));
   Texts names;
-  ASSERT_TRUE(aoi_->GetAOINames("P1", names));  // all projects
+  ASSERT_TRUE(object_->GetAOINames("P1", names));  // all projects
   EXPECT_EQ(names.size(), 2u);
   std::vector<AOIRecord> list;
-  ASSERT_TRUE(aoi_->GetAOIList("P2", list));
+  ASSERT_TRUE(object_->GetAOIList("P2", list));
   ASSERT_EQ(list.size(), 1u);
   EXPECT_EQ(list[0].Xmin, 5);
   // A NULL description is optional; a NULL extent ends the list with false.
   Exec("update b_aoi_data set DESCRIPTION = NULL");
   list.clear();
-  EXPECT_TRUE(aoi_->GetAOIList("P2", list));
+  EXPECT_TRUE(object_->GetAOIList("P2", list));
   Exec("update b_aoi_data set Ymax = NULL where AOIName = 'zone a'");
-  EXPECT_FALSE(aoi_->GetAOIList("P2", list));
+  EXPECT_FALSE(object_->GetAOIList("P2", list));
 }
 
 TEST_F(AoiTest, GlobalAreaFollowsTheProjectExtent) {
@@ -72,9 +66,9 @@ TEST_F(AoiTest, GlobalAreaFollowsTheProjectExtent) {
   project.EWmax = 20;
   project.SNmin = 30;
   project.SNmax = 40;
-  ASSERT_TRUE(aoi_->SaveGlobalAOI("P1", project));
+  ASSERT_TRUE(object_->SaveGlobalAOI("P1", project));
   AOIRecord r;
-  ASSERT_TRUE(aoi_->LoadAOI("P1", "Global", r));
+  ASSERT_TRUE(object_->LoadAOI("P1", "Global", r));
   EXPECT_EQ(r.AOIName, "global");
   EXPECT_EQ(std::vector<double>({r.Xmin, r.Xmax, r.Ymin, r.Ymax}), std::vector<double>({10, 20, 30, 40}));
 
@@ -86,26 +80,46 @@ TEST_F(AoiTest, GlobalAreaFollowsTheProjectExtent) {
   EXPECT_EQ(sql_.texts(), Texts{std::string("update b_aoi_data set Xmin = 10.000000, Xmax = 25.500000, Ymin= "
                                             "30.000000, Ymax = 40.000000 where ") +
                                 (jet() ? "lcase" : "lower") + "(AOIName) = 'global' and ProjectName = 'P1'"});
-  ASSERT_TRUE(aoi_->LoadAOI("P1", "global", r));
+  ASSERT_TRUE(object_->LoadAOI("P1", "global", r));
   EXPECT_EQ(r.Xmax, 25.5);
 }
 
 TEST_F(AoiTest, DeleteRefusesOnlyTheSharedEmptyName) {
-  ASSERT_TRUE(aoi_->SaveAOI("P1", Area("Zone A")));
-  EXPECT_FALSE(aoi_->SaveAOI("P1", Area("")));
-  EXPECT_FALSE(aoi_->DeleteAOI(kNoAOIName));
+  ASSERT_TRUE(object_->SaveAOI("P1", Area("Zone A")));
+  EXPECT_FALSE(object_->SaveAOI("P1", Area("")));
+  EXPECT_FALSE(object_->DeleteAOI(kNoAOIName));
   const std::string empty;
-  EXPECT_TRUE(aoi_->DeleteAOI(empty.c_str()));
+  EXPECT_TRUE(object_->DeleteAOI(empty.c_str()));
   sql_.clear();
-  EXPECT_TRUE(aoi_->DeleteAOI("ZONE A"));
+  EXPECT_TRUE(object_->DeleteAOI("ZONE A"));
   EXPECT_EQ(sql_.texts("ExecuteSQL"), Texts{"delete from b_aoi_data where AOIName='zone a'"});
   EXPECT_TRUE(Query("select AOIName from b_aoi_data").empty());
   Exec("drop table b_aoi_data");
-  EXPECT_FALSE(aoi_->SaveAOI("P1", Area("x")));
-  EXPECT_FALSE(aoi_->DeleteAOI("x"));
-  EXPECT_FALSE(aoi_->IsAOIExist("P1", "x"));
+  EXPECT_FALSE(object_->SaveAOI("P1", Area("x")));
+  EXPECT_FALSE(object_->DeleteAOI("x"));
+  EXPECT_FALSE(object_->IsAOIExist("P1", "x"));
   EXPECT_EQ(messages_.texts(),
             (Texts{"AOI区域名不能为空！", "AOI区域名不能为空！", "AOI区域表为空！", "AOI区域表为空！"}));
+}
+
+TEST_F(AoiTest, ListsReplaceWhatTheVectorHeldAndQuotedNamesAreNotSaved) {
+  ASSERT_TRUE(object_->SaveAOI("P1", Area("a")));
+  Texts names{"stale"};
+  EXPECT_TRUE(object_->GetAOINames("P1", names));
+  EXPECT_EQ(names, Texts{"a"});
+  std::vector<AOIRecord> list{Area("stale")};
+  EXPECT_TRUE(object_->GetAOIList("P1", list));
+  ASSERT_EQ(list.size(), 1u);
+  EXPECT_EQ(list[0].AOIName, "a");
+  list = {Area("stale")};
+  EXPECT_TRUE(object_->GetAOIList("P9", list));  // no rows: an empty list
+  EXPECT_TRUE(list.empty());
+
+  // The delete cannot hold the name, so the save fails before it writes.
+  sql_.clear();
+  EXPECT_FALSE(object_->SaveAOI("P1", Area("it's")));
+  EXPECT_EQ(Query("select AOIName from b_aoi_data"), Texts{"a"});
+  EXPECT_TRUE(sql_.texts("SaveData").empty());
 }
 
 class WellListTest : public ProjectTest {
@@ -180,6 +194,34 @@ TEST_F(WellListTest, SectionListsKeepTheirSpelling) {
   EXPECT_FALSE(sections_->SaveSectionWellList(SectionWellListRecord{"S", ""}));
   EXPECT_FALSE(sections_->DeleteSectionWellList(""));
   EXPECT_EQ(messages_.texts(), (Texts{"剖面名称不能为空！", "井名组合不能为空！", "剖面名称不能为空！"}));
+}
+
+TEST_F(WellListTest, NameListsReplaceWhatTheVectorHeld) {
+  ASSERT_TRUE(lists_->SaveWellList(WellListRecord{"north", {{"W1", 1}}}));
+  ASSERT_TRUE(sections_->SaveSectionWellList(SectionWellListRecord{"S1", "W1,W2"}));
+  Texts names{"stale"};
+  EXPECT_TRUE(lists_->GetWellListNames(names));
+  EXPECT_EQ(names, Texts{"north"});
+  names = {"stale"};
+  EXPECT_TRUE(sections_->GetSectionNames(names));
+  EXPECT_EQ(names, Texts{"S1"});
+  std::vector<SectionWellListRecord> all{{"stale", "x"}};
+  EXPECT_TRUE(sections_->GetSectionWellLists(all));
+  ASSERT_EQ(all.size(), 1u);
+  EXPECT_EQ(all[0].Setction_Name, "S1");
+}
+
+// A name its delete cannot hold fails the save before anything is written;
+// in a list of sections, one such name keeps the whole list out.
+TEST_F(WellListTest, QuotedNamesAreNeverWritten) {
+  sql_.clear();
+  EXPECT_FALSE(lists_->SaveWellList(WellListRecord{"it's", {{"W1", 1}}}));
+  EXPECT_FALSE(sections_->SaveSectionWellList(SectionWellListRecord{"it's", "A"}));
+  EXPECT_FALSE(sections_->SaveSectionWellLists({{"S1", "A"}, {"S'2", "B"}}));
+  EXPECT_TRUE(Query("select WellID from b_welllist_data").empty());
+  EXPECT_TRUE(Query("select Setction_Name from b_sectionwelllist_data").empty());
+  EXPECT_TRUE(sql_.texts().empty());
+  EXPECT_TRUE(messages_.texts().empty());
 }
 
 }  // namespace

@@ -108,5 +108,17 @@ TEST_F(CurveDictionaryTest, ImageAliasesAppendOrReplace) {
   EXPECT_FALSE(images_->LoadImageAliases(facet));
 }
 
+TEST_F(CurveDictionaryTest, ANameWithAQuoteFailsTheSaveBeforeAnyWrite) {
+  ASSERT_TRUE(dictionary_->SaveTemplate(Gr()));
+  CurveTemplate quoted = Gr();
+  quoted.CurveName = "G'R";
+  sql_.clear();
+  EXPECT_FALSE(dictionary_->SaveTemplate(quoted));
+  EXPECT_FALSE(dictionary_->SaveTemplates(0, {Gr(), quoted}));
+  EXPECT_TRUE(sql_.texts("ExecuteSQL").empty());
+  EXPECT_TRUE(sql_.texts("SaveData").empty());
+  EXPECT_EQ(Query("select CurveName from w_curve_dictionary"), std::vector<std::string>{"GR"});
+}
+
 }  // namespace
 }  // namespace petrodb::test

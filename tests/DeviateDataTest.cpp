@@ -7,13 +7,8 @@
 namespace petrodb::test {
 namespace {
 
-class DeviateDataTest : public ProjectTest {
+class DeviateDataTest : public ObjectTest<IDeviateData, "IDeviateData"> {
  protected:
-  void SetUp() override {
-    ProjectTest::SetUp();
-    surveys_ = Make<IDeviateData>("IDeviateData");
-    ASSERT_NE(surveys_, nullptr);
-  }
   static DeviationSurvey Full(const std::string& well) {
     DeviationSurvey s;
     s.WellID = well;
@@ -28,7 +23,6 @@ class DeviateDataTest : public ProjectTest {
     s.Tvdss = {-50, 49.99, 149.9};
     return s;
   }
-  std::unique_ptr<IDeviateData> surveys_;
 };
 
 void ExpectSame(const DeviationSurvey& a, const DeviationSurvey& b) {
@@ -40,46 +34,46 @@ void ExpectSame(const DeviationSurvey& a, const DeviationSurvey& b) {
 }
 
 TEST_F(DeviateDataTest, SaveReplacesTheRowAndLoadsItBackUnchanged) {
-  ASSERT_TRUE(surveys_->SaveSurvey(Full("W1")));
-  ASSERT_TRUE(surveys_->SaveSurvey(Full("W1")));
+  ASSERT_TRUE(object_->SaveSurvey(Full("W1")));
+  ASSERT_TRUE(object_->SaveSurvey(Full("W1")));
   EXPECT_EQ(Query("select WellID from w_deviate_well"), std::vector<std::string>{"W1"});
   EXPECT_EQ(sql_.texts("ExecuteSQL").back(), "delete from  w_deviate_well where WellID='W1'");
   DeviationSurvey back;
   sql_.clear();
-  ASSERT_TRUE(surveys_->LoadSurvey("W1", back));
+  ASSERT_TRUE(object_->LoadSurvey("W1", back));
   EXPECT_EQ(sql_.texts(), std::vector<std::string>{"select * from w_deviate_well where WellID='W1' "});
   ExpectSame(back, Full("W1"));
-  EXPECT_TRUE(surveys_->IsSurveyExist("W1"));
-  EXPECT_FALSE(surveys_->IsSurveyExist("W2"));
+  EXPECT_TRUE(object_->IsSurveyExist("W1"));
+  EXPECT_FALSE(object_->IsSurveyExist("W2"));
 }
 
 TEST_F(DeviateDataTest, SavingWithoutStationsRemovesTheSurvey) {
-  ASSERT_TRUE(surveys_->SaveSurvey(Full("W1")));
+  ASSERT_TRUE(object_->SaveSurvey(Full("W1")));
   DeviationSurvey empty = Full("W1");
   empty.Md.clear();
-  EXPECT_TRUE(surveys_->SaveSurvey(empty));
+  EXPECT_TRUE(object_->SaveSurvey(empty));
   EXPECT_TRUE(Query("select WellID from w_deviate_well").empty());
   DeviationSurvey none;
-  EXPECT_FALSE(surveys_->SaveSurvey(none));
+  EXPECT_FALSE(object_->SaveSurvey(none));
   EXPECT_EQ(messages_.texts(), std::vector<std::string>{"井名称不能为空！"});
 }
 
 TEST_F(DeviateDataTest, BatchSaveDropsSurveysWithoutTvdOrXcoorButDeletesTheirRows) {
-  ASSERT_TRUE(surveys_->SaveSurvey(Full("W1")));
-  ASSERT_TRUE(surveys_->SaveSurvey(Full("W2")));
+  ASSERT_TRUE(object_->SaveSurvey(Full("W1")));
+  ASSERT_TRUE(object_->SaveSurvey(Full("W2")));
   DeviationSurvey noTvd = Full("W1");
   noTvd.Tvd.clear();
   DeviationSurvey noX = Full("W3");
   noX.Xcoor.clear();
   sql_.clear();
-  ASSERT_TRUE(surveys_->SaveSurveys(0, {noTvd, Full("W2"), noX}));
+  ASSERT_TRUE(object_->SaveSurveys(0, {noTvd, Full("W2"), noX}));
   EXPECT_EQ(sql_.texts("ExecuteSQL"),
             std::vector<std::string>{"delete from  w_deviate_well where WellID in ('W1','W2','W3')"});
   EXPECT_EQ(Query("select WellID from w_deviate_well"), std::vector<std::string>{"W2"});
   // The single save keeps a survey without Tvd: it only tests Md.
-  ASSERT_TRUE(surveys_->SaveSurvey(noTvd));
+  ASSERT_TRUE(object_->SaveSurvey(noTvd));
   DeviationSurvey back;
-  EXPECT_FALSE(surveys_->LoadSurvey("W1", back));  // Tvd is NULL: the load stops there
+  EXPECT_FALSE(object_->LoadSurvey("W1", back));  // Tvd is NULL: the load stops there
   EXPECT_EQ(back.Ycoor, noTvd.Ycoor);
 }
 
@@ -87,29 +81,60 @@ TEST_F(DeviateDataTest, ProjectStatementsAndLists) {
   Exec("insert into w_well_data (ProjectName, WellID) values ('P', 'W1')");
   Exec("insert into w_well_data (ProjectName, WellID) values ('P', 'W2')");
   Exec("insert into w_well_data (ProjectName, WellID) values ('Q', 'W3')");
-  for (const char* w : {"W1", "W2", "W3"}) ASSERT_TRUE(surveys_->SaveSurvey(Full(w)));
+  for (const char* w : {"W1", "W2", "W3"}) ASSERT_TRUE(object_->SaveSurvey(Full(w)));
   std::vector<DeviationSurvey> list;
   sql_.clear();
-  ASSERT_TRUE(surveys_->LoadProjectSurveys("P", list));
+  ASSERT_TRUE(object_->LoadProjectSurveys("P", list));
   EXPECT_EQ(sql_.texts().at(0),
             "select * from w_deviate_well where exists ( select WellID from w_well_data where ProjectName \t\t= 'P' "
             "and w_well_data.WellID = w_deviate_well.WellID )");
   EXPECT_EQ(list.size(), 2u);
   std::vector<std::string> ids, found;
-  ASSERT_TRUE(surveys_->GetSurveyedWellIDs("P", ids));
+  ASSERT_TRUE(object_->GetSurveyedWellIDs("P", ids));
   EXPECT_EQ(ids, (std::vector<std::string>{"W1", "W2"}));
-  ASSERT_TRUE(surveys_->GetWellsWithSurvey(0, {"W3", "W9"}, found));
+  ASSERT_TRUE(object_->GetWellsWithSurvey(0, {"W3", "W9"}, found));
   EXPECT_EQ(found, std::vector<std::string>{"W3"});
   list.clear();
-  ASSERT_TRUE(surveys_->LoadSurveys({"W1", "W3"}, list));
+  ASSERT_TRUE(object_->LoadSurveys({"W1", "W3"}, list));
   EXPECT_EQ(list.size(), 2u);
 
-  EXPECT_FALSE(surveys_->DeleteProjectSurveys(""));
+  EXPECT_FALSE(object_->DeleteProjectSurveys(""));
   EXPECT_EQ(messages_.texts(), std::vector<std::string>{"工区名称不能为空！"});
-  ASSERT_TRUE(surveys_->DeleteProjectSurveys("P"));
+  ASSERT_TRUE(object_->DeleteProjectSurveys("P"));
   EXPECT_EQ(Query("select WellID from w_deviate_well"), std::vector<std::string>{"W3"});
-  ASSERT_TRUE(surveys_->DeleteSurveys({"W3"}));
+  ASSERT_TRUE(object_->DeleteSurveys({"W3"}));
   EXPECT_TRUE(Query("select WellID from w_deviate_well").empty());
+}
+
+TEST_F(DeviateDataTest, ListsAreClearedFirstExceptTheFoundWells) {
+  Exec("insert into w_well_data (ProjectName, WellID) values ('P', 'W1')");
+  ASSERT_TRUE(object_->SaveSurvey(Full("W1")));
+  std::vector<std::string> ids{"stale"}, found{"kept"};
+  ASSERT_TRUE(object_->GetSurveyedWellIDs("P", ids));
+  EXPECT_EQ(ids, std::vector<std::string>{"W1"});
+  std::vector<DeviationSurvey> list(2);
+  ASSERT_TRUE(object_->LoadSurveys({"W1"}, list));
+  ASSERT_EQ(list.size(), 1u);
+  ExpectSame(list[0], Full("W1"));
+  list.resize(3);
+  ASSERT_TRUE(object_->LoadProjectSurveys("P", list));
+  EXPECT_EQ(list.size(), 1u);
+  // "Which of these wells have a survey" adds to the caller's list.
+  ASSERT_TRUE(object_->GetWellsWithSurvey(0, {"W1"}, found));
+  EXPECT_EQ(found, (std::vector<std::string>{"kept", "W1"}));
+}
+
+TEST_F(DeviateDataTest, AWellIDWithAQuoteFailsTheSaveBeforeAnyWrite) {
+  ASSERT_TRUE(object_->SaveSurvey(Full("W1")));
+  sql_.clear();
+  EXPECT_FALSE(object_->SaveSurvey(Full("W'1")));
+  DeviationSurvey stationless = Full("W'1");
+  stationless.Md.clear();
+  EXPECT_FALSE(object_->SaveSurvey(stationless));
+  EXPECT_FALSE(object_->SaveSurveys(0, {Full("W1"), Full("W'2")}));
+  EXPECT_TRUE(sql_.texts("ExecuteSQL").empty());
+  EXPECT_TRUE(sql_.texts("SaveData").empty());
+  EXPECT_EQ(Query("select WellID from w_deviate_well"), std::vector<std::string>{"W1"});
 }
 
 }  // namespace

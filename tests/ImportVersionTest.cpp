@@ -55,10 +55,12 @@ TEST_F(ImportVersionTest, VersionsReadAndImageTypeIsSetOnEveryRow) {
   ASSERT_TRUE(version_->GetVersions(versions));
   ASSERT_EQ(versions.size(), 2u);
   EXPECT_EQ(versions[1].ImageType, "png");
+  // The list is cleared first; a NULL ImageType ends it, the rows before it stay.
   Exec("insert into Version (DBNO) values ('3.3')");
-  versions.clear();
-  EXPECT_FALSE(version_->GetVersions(versions));  // NULL ImageType ends the list
-  EXPECT_EQ(versions.size(), 2u);
+  versions.resize(5);
+  EXPECT_FALSE(version_->GetVersions(versions));
+  ASSERT_EQ(versions.size(), 2u);
+  EXPECT_EQ(versions[0].DBNO, "3.1");
 
   Exec("drop table Version");
   EXPECT_FALSE(version_->SetImageType(VersionRecord{"", "png"}));

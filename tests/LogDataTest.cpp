@@ -9,13 +9,8 @@
 namespace petrodb::test {
 namespace {
 
-class LogDataTest : public ProjectTest {
+class LogDataTest : public ObjectTest<ILogData, "ILogData"> {
  protected:
-  void SetUp() override {
-    ProjectTest::SetUp();
-    logs_ = Make<ILogData>("ILogData");
-    ASSERT_NE(logs_, nullptr);
-  }
   // DEPT indexes every other curve.
   static WellLog Sample(const std::string& well, const std::vector<std::string>& curves) {
     WellLog log;
@@ -37,7 +32,6 @@ class LogDataTest : public ProjectTest {
       EXPECT_LT(c.DepthCurve, log.Curves.data() + log.Curves.size());
     }
   }
-  std::unique_ptr<ILogData> logs_;
 };
 
 TEST_F(LogDataTest, SamplesComeBackBitForBit) {
@@ -49,9 +43,9 @@ TEST_F(LogDataTest, SamplesComeBackBitForBit) {
                           payloadNan, std::numeric_limits<double>::infinity(),
                           0.1 + 0.2,  -1e308};
   log.Curves[0].Values = {1, 2, 3, 4, 5, 6};
-  ASSERT_TRUE(logs_->SaveWellLog(log));
+  ASSERT_TRUE(object_->SaveWellLog(log));
   WellLog back;
-  ASSERT_TRUE(logs_->LoadCurve("W1", "GR", back));
+  ASSERT_TRUE(object_->LoadCurve("W1", "GR", back));
   ASSERT_EQ(back.Curves.size(), 2u);
   EXPECT_EQ(back.Curves[0].CurveName, "DEPT");
   EXPECT_TRUE(SameBits(back.Curves[1].Values, log.Curves[1].Values));
@@ -63,7 +57,7 @@ TEST_F(LogDataTest, SamplesComeBackBitForBit) {
 }
 
 TEST_F(LogDataTest, SaveStatementsAndRefusals) {
-  ASSERT_TRUE(logs_->SaveWellLog(Sample("W1", {"GR", "SP"})));
+  ASSERT_TRUE(object_->SaveWellLog(Sample("W1", {"GR", "SP"})));
   EXPECT_EQ(sql_.texts("ExecuteSQL"),
             std::vector<std::string>{"delete from  w_log_data where CurveName in ( 'DEPT','GR','SP' ) AND "
                                      "WellID='W1'"});
@@ -72,34 +66,34 @@ TEST_F(LogDataTest, SaveStatementsAndRefusals) {
 
   WellLog empty;
   empty.WellID = "W2";
-  EXPECT_FALSE(logs_->SaveWellLog(empty));
+  EXPECT_FALSE(object_->SaveWellLog(empty));
   WellLog noWell = Sample("", {"GR"});
-  EXPECT_FALSE(logs_->SaveWellLog(noWell));
+  EXPECT_FALSE(object_->SaveWellLog(noWell));
   EXPECT_EQ(messages_.texts(), std::vector<std::string>{"井名称不能为空！"});
 
   // A curve without samples stores NULL and loads as an empty array; a
   // mismatched count is neither refused nor reported on save.
   WellLog sparse = Sample("W3", {"GR"});
   sparse.Curves[1].Values.clear();
-  ASSERT_TRUE(logs_->SaveWellLog(sparse));
+  ASSERT_TRUE(object_->SaveWellLog(sparse));
   EXPECT_EQ(Query("select CurveValue from w_log_data where WellID='W3' and CurveName='GR'"),
             std::vector<std::string>{"NULL"});
   WellLog back;
-  ASSERT_TRUE(logs_->LoadWellLog("W3", back));
+  ASSERT_TRUE(object_->LoadWellLog("W3", back));
   ASSERT_NE(back.Find("GR"), nullptr);
   EXPECT_TRUE(back.Find("GR")->Values.empty());
   EXPECT_EQ(messages_.texts().size(), 1u);
 
   // LoadCurve reports the mismatch and still fills the record.
-  ASSERT_TRUE(logs_->LoadCurve("W3", "GR", back));
+  ASSERT_TRUE(object_->LoadCurve("W3", "GR", back));
   EXPECT_EQ(messages_.texts().back(), "测井曲线GR的曲线数据个数与深度数据个数不同，请检查或重新加载。");
   EXPECT_EQ(back.Curves.size(), 2u);
 }
 
 TEST_F(LogDataTest, CopiesAndAssignmentsRelinkIntoTheirOwnList) {
-  ASSERT_TRUE(logs_->SaveWellLog(Sample("W1", {"GR", "SP", "RT"})));
+  ASSERT_TRUE(object_->SaveWellLog(Sample("W1", {"GR", "SP", "RT"})));
   WellLog loaded;
-  ASSERT_TRUE(logs_->LoadWellLog("W1", loaded));
+  ASSERT_TRUE(object_->LoadWellLog("W1", loaded));
   ASSERT_EQ(loaded.Curves.size(), 4u);
   ExpectLinkedInto(loaded);
 
@@ -120,18 +114,18 @@ TEST_F(LogDataTest, CopiesAndAssignmentsRelinkIntoTheirOwnList) {
 }
 
 TEST_F(LogDataTest, LoadsReturnDepthCurvesWithTheirCurves) {
-  ASSERT_TRUE(logs_->SaveWellLog(Sample("W1", {"GR", "SP"})));
-  ASSERT_TRUE(logs_->SaveWellLog(Sample("W2", {"GR"})));
+  ASSERT_TRUE(object_->SaveWellLog(Sample("W1", {"GR", "SP"})));
+  ASSERT_TRUE(object_->SaveWellLog(Sample("W2", {"GR"})));
   Exec("insert into w_well_data (ProjectName, WellID) values ('P', 'W1')");
   Exec("insert into w_well_data (ProjectName, WellID) values ('P', 'W2')");
 
   std::vector<std::string> names;
-  ASSERT_TRUE(logs_->GetAllCurveNames(names));
+  ASSERT_TRUE(object_->GetAllCurveNames(names));
   EXPECT_EQ(names, (std::vector<std::string>{"GR", "SP"}));
 
   WellLog two;
   sql_.clear();
-  ASSERT_TRUE(logs_->LoadCurves("W1", {"SP"}, two));
+  ASSERT_TRUE(object_->LoadCurves("W1", {"SP"}, two));
   EXPECT_EQ(sql_.texts(),
             (std::vector<std::string>{"select * from w_log_data where WellID='W1' and CurveName in ( 'SP' )",
                                       "select * from w_log_data where WellID='W1' and CurveName in ( 'DEPT' )"}));
@@ -140,7 +134,7 @@ TEST_F(LogDataTest, LoadsReturnDepthCurvesWithTheirCurves) {
 
   std::vector<WellLog> wells;
   sql_.clear();
-  ASSERT_TRUE(logs_->LoadCurveOfWells({"W1", "W2"}, "GR", wells));
+  ASSERT_TRUE(object_->LoadCurveOfWells({"W1", "W2"}, "GR", wells));
   EXPECT_EQ(sql_.texts().at(1),
             "select * from w_log_data where (WellID='W1' and CurveName='DEPT') or (WellID='W2' and "
             "CurveName='DEPT')");
@@ -152,23 +146,23 @@ TEST_F(LogDataTest, LoadsReturnDepthCurvesWithTheirCurves) {
   }
 
   std::vector<WellLog> all;
-  ASSERT_TRUE(logs_->LoadCurveOfAllWells("SP", all));
+  ASSERT_TRUE(object_->LoadCurveOfAllWells("SP", all));
   ASSERT_EQ(all.size(), 1u);
   EXPECT_EQ(all[0].Curves.size(), 2u);
   ExpectLinkedInto(all[0]);
 
   std::vector<WellLog> project;
-  ASSERT_TRUE(logs_->LoadProjectLogs("P", project));
+  ASSERT_TRUE(object_->LoadProjectLogs("P", project));
   EXPECT_EQ(project.size(), 2u);
   std::vector<std::string> ids;
-  ASSERT_TRUE(logs_->GetLoggedWellIDs("P", ids));
+  ASSERT_TRUE(object_->GetLoggedWellIDs("P", ids));
   EXPECT_EQ(ids, (std::vector<std::string>{"W1", "W2"}));
 }
 
 TEST_F(LogDataTest, DepthCurveGoesWithItsLastUser) {
-  ASSERT_TRUE(logs_->SaveWellLog(Sample("W1", {"GR", "SP"})));
+  ASSERT_TRUE(object_->SaveWellLog(Sample("W1", {"GR", "SP"})));
   sql_.clear();
-  ASSERT_TRUE(logs_->DeleteCurve("W1", "GR"));
+  ASSERT_TRUE(object_->DeleteCurve("W1", "GR"));
   EXPECT_EQ(sql_.texts(),
             (std::vector<std::string>{
                 "w_log_data", "select DepthCurveName from w_log_data where WellID='W1' and CurveName='GR'",
@@ -178,26 +172,26 @@ TEST_F(LogDataTest, DepthCurveGoesWithItsLastUser) {
                 "delete from w_log_data where wellid = 'W1' and depthcurvename not in( select distinct "
                 "depthcurvename from w_log_data b where depthcurvename <> curvename and wellid = 'W1' )"}));
   EXPECT_EQ(Query("select CurveName from w_log_data order by CurveName"), (std::vector<std::string>{"DEPT", "SP"}));
-  ASSERT_TRUE(logs_->DeleteCurve("W1", "SP"));
+  ASSERT_TRUE(object_->DeleteCurve("W1", "SP"));
   EXPECT_TRUE(Query("select CurveName from w_log_data").empty());
 
   // An orphan left behind by a plain delete is purged by the next whole-well load.
-  ASSERT_TRUE(logs_->SaveWellLog(Sample("W2", {"GR"})));
-  ASSERT_TRUE(logs_->DeleteCurves("W2", {"GR"}));
+  ASSERT_TRUE(object_->SaveWellLog(Sample("W2", {"GR"})));
+  ASSERT_TRUE(object_->DeleteCurves("W2", {"GR"}));
   EXPECT_EQ(Query("select CurveName from w_log_data"), std::vector<std::string>{"DEPT"});
   WellLog log;
-  EXPECT_FALSE(logs_->LoadWellLog("W2", log));
+  EXPECT_FALSE(object_->LoadWellLog("W2", log));
   EXPECT_TRUE(Query("select CurveName from w_log_data").empty());
 }
 
 TEST_F(LogDataTest, CheckCurvesExistSendsBatchesOfTwenty) {
-  ASSERT_TRUE(logs_->SaveWellLog(Sample("W1", {"C7", "C30"})));
+  ASSERT_TRUE(object_->SaveWellLog(Sample("W1", {"C7", "C30"})));
   std::vector<std::string> names;
   for (int i = 0; i < 45; ++i) names.push_back("C" + std::to_string(i));
   names[44] = "C7";  // a duplicate in the last batch
   std::vector<int> flags{9};
   sql_.clear();
-  ASSERT_TRUE(logs_->CheckCurvesExist("W1", names, flags));
+  ASSERT_TRUE(object_->CheckCurvesExist("W1", names, flags));
   const auto sent = sql_.texts();
   ASSERT_EQ(sent.size(), 3u);
   const auto count = [](const std::string& s) { return std::count(s.begin(), s.end(), ',') + 1; };
@@ -211,21 +205,53 @@ TEST_F(LogDataTest, CheckCurvesExistSendsBatchesOfTwenty) {
 }
 
 TEST_F(LogDataTest, SaveWellLogsReplacesWholeWellsWhenTheSessionCloses) {
-  ASSERT_TRUE(logs_->SaveWellLog(Sample("W1", {"OLD"})));
+  ASSERT_TRUE(object_->SaveWellLog(Sample("W1", {"OLD"})));
   sql_.clear();
-  ASSERT_TRUE(logs_->SaveWellLogs(0, {Sample("W1", {"GR"}), Sample("W2", {"SP"})}));
+  ASSERT_TRUE(object_->SaveWellLogs(0, {Sample("W1", {"GR"}), Sample("W2", {"SP"})}));
   EXPECT_TRUE(sql_.texts("SaveData").size() <= 1u);
   EXPECT_EQ(sql_.texts("ExecuteSQL"), std::vector<std::string>{"delete from  w_log_data where WellID in ('W1','W2')"});
   EXPECT_EQ(Query("select WellID || '/' || CurveName from w_log_data order by WellID, CurveName"),
             (std::vector<std::string>{"W1/DEPT", "W1/GR", "W2/DEPT", "W2/SP"}));
-  EXPECT_FALSE(logs_->SaveWellLogs(0, {}));
+  EXPECT_FALSE(object_->SaveWellLogs(0, {}));
 }
 
 TEST_F(LogDataTest, AQuoteInAWellIDBreaksTheStatement) {
   WellLog log;
-  EXPECT_FALSE(logs_->LoadWellLog("O'Neil", log));
-  EXPECT_FALSE(logs_->IsCurveExist("O'Neil", "GR"));
-  EXPECT_FALSE(logs_->DeleteWellLog("O'Neil"));
+  EXPECT_FALSE(object_->LoadWellLog("O'Neil", log));
+  EXPECT_FALSE(object_->IsCurveExist("O'Neil", "GR"));
+  EXPECT_FALSE(object_->DeleteWellLog("O'Neil"));
+}
+
+TEST_F(LogDataTest, AnUnreadableMeasureEndsTheRows) {
+  ASSERT_TRUE(object_->SaveWellLog(Sample("W1", {"GR", "SP"})));
+  Exec("update w_log_data set Measure = NULL where CurveName = 'GR'");
+  WellLog log;
+  EXPECT_FALSE(object_->LoadWellLog("W1", log));
+  EXPECT_EQ(log.Find("GR"), nullptr);
+  ASSERT_NE(log.Find("DEPT"), nullptr);  // read before it, and linked
+  ExpectLinkedInto(log);
+  WellLog one;
+  EXPECT_FALSE(object_->LoadCurve("W1", "GR", one));
+  EXPECT_TRUE(one.Curves.empty());
+  std::vector<WellLog> all;
+  EXPECT_FALSE(object_->LoadCurveOfAllWells("GR", all));
+  EXPECT_TRUE(all.empty());
+}
+
+TEST_F(LogDataTest, NameListsAppendToWhatTheCallerHolds) {
+  ASSERT_TRUE(object_->SaveWellLog(Sample("W1", {"GR"})));
+  Exec("insert into w_well_data (ProjectName, WellID) values ('P', 'W1')");
+  std::vector<std::string> ids{"kept"}, depths{"kept"}, names{"dropped"};
+  ASSERT_TRUE(object_->GetLoggedWellIDs("P", ids));
+  EXPECT_EQ(ids, (std::vector<std::string>{"kept", "W1"}));
+  ASSERT_TRUE(object_->GetDepthCurveNames("W1", depths));
+  EXPECT_EQ(depths, (std::vector<std::string>{"kept", "DEPT"}));
+  std::vector<WellLog> logs(1);
+  ASSERT_TRUE(object_->LoadProjectLogs("P", logs));
+  EXPECT_EQ(logs.size(), 2u);
+  // The one list the caller's entries do not survive.
+  ASSERT_TRUE(object_->GetAllCurveNames(names));
+  EXPECT_EQ(names, std::vector<std::string>{"GR"});
 }
 
 }  // namespace

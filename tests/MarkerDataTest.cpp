@@ -174,5 +174,67 @@ TEST_F(MarkerDataTest, SourcesMoveTopsAndAttributes) {
   EXPECT_FALSE(sources_->LoadWellAttributeValues("测井解释", "W2", values));
 }
 
+TEST_F(MarkerDataTest, EveryListIsClearedFirst) {
+  ASSERT_TRUE(markers_->SaveMarkers(0, {Tops("W1")}));
+  ASSERT_TRUE(sources_->SaveAttribute("P", kLayering.c_str(), {"POR", "double", ""}));
+  ASSERT_TRUE(sources_->SaveAttributeValues(kLayering.c_str(), {{"W1", "Ng", "POR", "0.2"}}));
+  const std::vector<std::string> stale{"stale", "stale"};
+  const auto names = [&](auto&& list) {
+    std::vector<std::string> out = stale;
+    EXPECT_TRUE(list(out));
+    return out;
+  };
+  const std::vector<std::string> w1{"W1"}, both{"Ed", "Ng"};
+  EXPECT_EQ(names([&](auto& v) { return markers_->GetMarkerWellIDs("P", v); }), w1);
+  EXPECT_EQ(names([&](auto& v) { return markers_->GetWellsWithMarkers("P", v); }), w1);
+  EXPECT_EQ(names([&](auto& v) { return markers_->GetProjectMarkerNames("P", v); }), both);
+  EXPECT_EQ(names([&](auto& v) { return markers_->GetWellMarkerNames("W1", v); }).size(), 2u);
+  EXPECT_EQ(names([&](auto& v) { return sources_->GetSources(v); }).size(), 2u);
+  EXPECT_EQ(names([&](auto& v) { return sources_->GetMarkerWellIDs(kLayering.c_str(), "P", v); }), w1);
+  EXPECT_EQ(names([&](auto& v) { return sources_->GetProjectMarkerNames(kLayering.c_str(), "P", v); }), both);
+  EXPECT_EQ(names([&](auto& v) { return sources_->GetWellMarkerNames(kLayering.c_str(), "W1", v); }),
+            (std::vector<std::string>{"Ed", "Ng"}));
+
+  const std::vector<MarkerRecord> three(3);
+  const auto count = [&](auto&& load) {
+    std::vector<MarkerRecord> records = three;
+    EXPECT_TRUE(load(records));
+    return records.size();
+  };
+  EXPECT_EQ(count([&](auto& r) { return markers_->LoadWellMarkers("W1", r); }), 2u);
+  EXPECT_EQ(count([&](auto& r) { return markers_->LoadProjectMarkers("P", r); }), 2u);
+  EXPECT_EQ(count([&](auto& r) { return markers_->LoadMarkersByName("Ng", "P", r); }), 1u);
+  EXPECT_EQ(count([&](auto& r) { return markers_->LoadMarkersOfWells({"W1"}, r); }), 2u);
+  EXPECT_EQ(count([&](auto& r) { return sources_->LoadWellMarkers(kLayering.c_str(), "W1", r); }), 2u);
+  EXPECT_EQ(count([&](auto& r) { return sources_->LoadProjectMarkers(kLayering.c_str(), "P", r); }), 2u);
+  EXPECT_EQ(count([&](auto& r) { return sources_->LoadMarkersOfWells(kLayering.c_str(), {"W1"}, "Ng", r); }), 1u);
+
+  std::vector<MarkerAttribute> attributes(2);
+  ASSERT_TRUE(sources_->GetAttributes("P", kLayering.c_str(), attributes));
+  EXPECT_EQ(attributes.size(), 1u);
+  std::vector<MarkerAttributeValue> values(2);
+  ASSERT_TRUE(sources_->LoadWellAttributeValues(kLayering.c_str(), "W1", values));
+  EXPECT_EQ(values.size(), 1u);
+  values.resize(2);
+  ASSERT_TRUE(sources_->LoadMarkerAttributeValues(kLayering.c_str(), "W1", "Ng", values));
+  EXPECT_EQ(values.size(), 1u);
+}
+
+TEST_F(MarkerDataTest, AKeyWithAQuoteFailsTheSaveBeforeAnyWrite) {
+  ASSERT_TRUE(markers_->SaveMarkers(0, {Tops("W1")}));
+  ASSERT_TRUE(sources_->SaveAttributeValues("测井解释", {{"W1", "X", "POR", "0.21"}}));
+  sql_.clear();
+  EXPECT_FALSE(markers_->SaveMarkers(0, {Tops("W2"), Tops("W'3")}));
+  EXPECT_FALSE(sources_->SaveWellMarkers(kLayering.c_str(), Tops("W'3")));
+  // The second value's key cannot be spliced: the first value's row is not
+  // deleted either.
+  EXPECT_FALSE(sources_->SaveAttributeValues("测井解释", {{"W1", "X", "POR", "0.5"}, {"W1", "X'", "POR", "1"}}));
+  EXPECT_TRUE(sql_.texts("ExecuteSQL").empty());
+  EXPECT_TRUE(sql_.texts("SaveData").empty());
+  EXPECT_EQ(Query("select WellID from w_marker where Source = '地质分层' group by WellID"),
+            std::vector<std::string>{"W1"});
+  EXPECT_EQ(Query("select AttribValue from w_marker_attribute_data"), std::vector<std::string>{"0.21"});
+}
+
 }  // namespace
 }  // namespace petrodb::test

@@ -12,13 +12,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class ProjectDataTest : public ProjectTest {
+class ProjectDataTest : public ObjectTest<IBasicProjectData, "IBasicProjectData"> {
  protected:
-  void SetUp() override {
-    ProjectTest::SetUp();
-    projects_ = Make<IBasicProjectData>("IBasicProjectData");
-    ASSERT_NE(projects_, nullptr);
-  }
   ProjectRecord Sample(const std::string& name) {
     ProjectRecord r;
     r.ProjectName = name;
@@ -34,12 +29,11 @@ class ProjectDataTest : public ProjectTest {
     r.Ellipsoid.SemiMajor = 6378137.0;
     return r;
   }
-  std::unique_ptr<IBasicProjectData> projects_;
 };
 
 TEST_F(ProjectDataTest, SaveAndLoadRoundTripWithExactStatements) {
   sql_.clear();
-  ASSERT_TRUE(projects_->SaveProject(Sample("North")));
+  ASSERT_TRUE(object_->SaveProject(Sample("North")));
   EXPECT_EQ(sql_.texts(), (std::vector<std::string>{
                               "b_project_data",
                               "b_project_data",
@@ -52,7 +46,7 @@ TEST_F(ProjectDataTest, SaveAndLoadRoundTripWithExactStatements) {
                               "?, ?, ?, ?, ?, ?, ?, ?, ?)"}));
   sql_.clear();
   ProjectRecord loaded;
-  ASSERT_TRUE(projects_->LoadProject("North", loaded));
+  ASSERT_TRUE(object_->LoadProject("North", loaded));
   EXPECT_EQ(sql_.texts(), std::vector<std::string>{"select * from b_project_data where ProjectName='North'"});
   const ProjectRecord want = Sample("North");
   EXPECT_EQ(loaded.ProjectName, "North");
@@ -75,42 +69,46 @@ TEST_F(ProjectDataTest, SaveAndLoadRoundTripWithExactStatements) {
 TEST_F(ProjectDataTest, SavingAgainReplacesTheRowAndStampsTheTime) {
   ProjectRecord r = Sample("North");
   r.CreatedDate = "1999-1-1 0:0:0";  // ignored: every save stamps the current time
-  ASSERT_TRUE(projects_->SaveProject(r));
+  ASSERT_TRUE(object_->SaveProject(r));
   r.Description = "second";
-  ASSERT_TRUE(projects_->SaveProject(r));
+  ASSERT_TRUE(object_->SaveProject(r));
   EXPECT_EQ(Query("select Description from b_project_data"), std::vector<std::string>{"second"});
   ProjectRecord loaded;
-  ASSERT_TRUE(projects_->LoadProject("North", loaded));
+  ASSERT_TRUE(object_->LoadProject("North", loaded));
   const DateTime now = DateTime::Now();
   EXPECT_EQ(loaded.CreatedDate.substr(0, 4), std::to_string(now.year));
+  // CreatedDate is a text column: it keeps the unpadded form the save writes.
+  Exec("update b_project_data set CreatedDate = '2024-1-5 3:4:5'");
+  ASSERT_TRUE(object_->LoadProject("North", loaded));
+  EXPECT_EQ(loaded.CreatedDate, "2024-1-5 3:4:5");
   std::vector<std::string> names;
-  EXPECT_TRUE(projects_->GetProjectNames(names));
+  EXPECT_TRUE(object_->GetProjectNames(names));
   EXPECT_EQ(names, std::vector<std::string>{"North"});
 }
 
 TEST_F(ProjectDataTest, LoadFailsOnAMissingColumnButNotOnAMissingDepthUnit) {
-  ASSERT_TRUE(projects_->SaveProject(Sample("North")));
+  ASSERT_TRUE(object_->SaveProject(Sample("North")));
   Exec("alter table b_project_data drop column DepthUnit");
   ProjectRecord loaded;
   loaded.DepthUnit = 7;
-  ASSERT_TRUE(projects_->LoadProject("North", loaded));
+  ASSERT_TRUE(object_->LoadProject("North", loaded));
   EXPECT_EQ(loaded.DepthUnit, 0);
   Exec("update b_project_data set ScaleFactor = null");
   ProjectRecord partial;
-  EXPECT_FALSE(projects_->LoadProject("North", partial));
+  EXPECT_FALSE(object_->LoadProject("North", partial));
   EXPECT_EQ(partial.Description, "油田 north");  // what was read before the gap stays
-  EXPECT_FALSE(projects_->LoadProject("Nowhere", partial));
+  EXPECT_FALSE(object_->LoadProject("Nowhere", partial));
 }
 
 TEST_F(ProjectDataTest, EmptyNamesAndMissingTablesAreRefusedWithTheirMessages) {
-  EXPECT_FALSE(projects_->SaveProject(ProjectRecord{}));
-  EXPECT_FALSE(projects_->DeleteProject(""));
+  EXPECT_FALSE(object_->SaveProject(ProjectRecord{}));
+  EXPECT_FALSE(object_->DeleteProject(""));
   Exec("drop table b_project_data");
-  EXPECT_FALSE(projects_->SaveProject(Sample("North")));
-  EXPECT_FALSE(projects_->DeleteProject("North"));
-  EXPECT_FALSE(projects_->IsProjectExist("North"));
+  EXPECT_FALSE(object_->SaveProject(Sample("North")));
+  EXPECT_FALSE(object_->DeleteProject("North"));
+  EXPECT_FALSE(object_->IsProjectExist("North"));
   std::vector<std::string> names{"stale"};
-  EXPECT_FALSE(projects_->GetProjectNames(names));
+  EXPECT_FALSE(object_->GetProjectNames(names));
   EXPECT_TRUE(names.empty());
   EXPECT_EQ(messages_.texts(), (std::vector<std::string>{"工区名不能为空！", "工区名称不能为空！",
                                                          "数据库连接失败或工区表不存在！"}));
@@ -118,28 +116,52 @@ TEST_F(ProjectDataTest, EmptyNamesAndMissingTablesAreRefusedWithTheirMessages) {
 }
 
 TEST_F(ProjectDataTest, AQuoteInANameFindsNothingAndDeletesNothing) {
-  ASSERT_TRUE(projects_->SaveProject(Sample("North")));
-  EXPECT_FALSE(projects_->IsProjectExist("North' or '1'='1"));
-  EXPECT_TRUE(projects_->DeleteProject("North' or '1'='1"));  // the delete's result is not looked at
-  EXPECT_TRUE(projects_->IsProjectExist("North"));
-  EXPECT_TRUE(projects_->IsProjectExist("north"));  // names compare ignoring case
-  EXPECT_FALSE(projects_->TouchRecentProject("it's", 0));
+  ASSERT_TRUE(object_->SaveProject(Sample("North")));
+  EXPECT_FALSE(object_->IsProjectExist("North' or '1'='1"));
+  EXPECT_TRUE(object_->DeleteProject("North' or '1'='1"));  // the delete's result is not looked at
+  EXPECT_TRUE(object_->IsProjectExist("North"));
+  EXPECT_TRUE(object_->IsProjectExist("north"));  // names compare ignoring case
+  EXPECT_FALSE(object_->TouchRecentProject("it's", 0));
   EXPECT_TRUE(Query("select projectName from b_project_recent").empty());
+
+  // The delete answers true whether or not it ran, but a name it cannot hold
+  // is not saved: such a row could never be reached again.
+  sql_.clear();
+  EXPECT_FALSE(object_->SaveProject(Sample("it's")));
+  EXPECT_EQ(Query("select ProjectName from b_project_data"), std::vector<std::string>{"North"});
+  EXPECT_TRUE(sql_.texts("SaveData").empty());
+  EXPECT_TRUE(messages_.messages().empty());
+}
+
+TEST_F(ProjectDataTest, NameListsReplaceWhatTheVectorHeldAndSkipUnreadableNames) {
+  ASSERT_TRUE(object_->SaveProject(Sample("North")));
+  Exec("insert into b_project_data (Description) values ('nameless')");
+  std::vector<std::string> names{"stale"};
+  ASSERT_TRUE(object_->GetProjectNames(names));
+  EXPECT_EQ(names, std::vector<std::string>{"North"});
+  ASSERT_TRUE(object_->TouchRecentProject("A", 0));
+  names = {"stale"};
+  ASSERT_TRUE(object_->GetRecentProjects(names));
+  EXPECT_EQ(names, std::vector<std::string>{"A"});
+  Exec("delete from b_project_data where Description = 'nameless'");
+  Exec("update b_project_data set ProjectName = NULL");
+  EXPECT_FALSE(object_->GetProjectNames(names));  // rows, but none readable
+  EXPECT_TRUE(names.empty());
 }
 
 TEST_F(ProjectDataTest, RecentProjectsKeepEachNameOnceMostRecentFirst) {
-  ASSERT_TRUE(projects_->TouchRecentProject("A", 0));
+  ASSERT_TRUE(object_->TouchRecentProject("A", 0));
   Exec("update b_project_recent set accessTime = '2001-01-01 00:00:00'");
-  ASSERT_TRUE(projects_->TouchRecentProject("B", 0));
+  ASSERT_TRUE(object_->TouchRecentProject("B", 0));
   Exec("update b_project_recent set accessTime = '2002-01-01 00:00:00' where projectName = 'B'");
   sql_.clear();
-  ASSERT_TRUE(projects_->TouchRecentProject("A", 0));
+  ASSERT_TRUE(object_->TouchRecentProject("A", 0));
   EXPECT_EQ(sql_.texts(), (std::vector<std::string>{"select * from b_project_recent where projectName ='A'",
                                                     "delete from b_project_recent where projectName ='A'",
                                                     "insert into b_project_recent (projectName, accessTime) values "
                                                     "(?, ?)"}));
   std::vector<std::string> names;
-  ASSERT_TRUE(projects_->GetRecentProjects(names));
+  ASSERT_TRUE(object_->GetRecentProjects(names));
   EXPECT_EQ(names, (std::vector<std::string>{"A", "B"}));
 }
 
@@ -147,15 +169,15 @@ TEST_F(ProjectDataTest, CreateProjectCopiesTheTemplateOnce) {
   if (!jet()) GTEST_SKIP() << "project files are local";
   const std::string parent = dir_.string();
   const std::string templates = TemplateFile().parent_path().string();
-  ASSERT_TRUE(projects_->CreateProject("Field", parent.c_str(), templates.c_str()));
+  ASSERT_TRUE(object_->CreateProject("Field", parent.c_str(), templates.c_str()));
   const fs::path file = dir_ / "Field" / "Field.mdb";
   ASSERT_TRUE(fs::exists(file));
   EXPECT_NE(fs::status(file).permissions() & fs::perms::owner_write, fs::perms::none);
-  EXPECT_FALSE(projects_->CreateProject("Field", parent.c_str(), templates.c_str()));
-  EXPECT_FALSE(projects_->CreateProject("Other", parent.c_str(), (dir_ / "no-templates").string().c_str()));
-  EXPECT_TRUE(projects_->CreateProjectDirectory("Field", parent.c_str()));  // already a directory
+  EXPECT_FALSE(object_->CreateProject("Field", parent.c_str(), templates.c_str()));
+  EXPECT_FALSE(object_->CreateProject("Other", parent.c_str(), (dir_ / "no-templates").string().c_str()));
+  EXPECT_TRUE(object_->CreateProjectDirectory("Field", parent.c_str()));  // already a directory
   std::ofstream(dir_ / "plainfile") << "x";
-  EXPECT_FALSE(projects_->CreateProjectDirectory("plainfile", parent.c_str()));
+  EXPECT_FALSE(object_->CreateProjectDirectory("plainfile", parent.c_str()));
   EXPECT_EQ(messages_.texts(),
             (std::vector<std::string>{"该工区已经存在，请重新操作！", "创建工区失败!\n因为无法拷贝缺省数据库。",
                                       "创建工区失败!\n工区目录下可能已有名为plainfile的工区。"}));
@@ -175,7 +197,7 @@ TEST_F(ProjectDataTest, CreateProjectDatabaseOnAnEngineWithoutServerCatalogueFai
                       },
                       [&] { ++ended; }});
   sql_.clear();
-  EXPECT_FALSE(projects_->CreateProjectDatabase("newdb", connection_.c_str()));
+  EXPECT_FALSE(object_->CreateProjectDatabase("newdb", connection_.c_str()));
   SetProgressHandler({});
   EXPECT_EQ(begun, 1);
   EXPECT_EQ(ended, 1);
@@ -193,7 +215,7 @@ TEST_F(ProjectDataTest, FactoryReadsTheDepthUnitOnceUntilASetterRuns) {
   EXPECT_EQ(factory_->GetDepthFactor(false), 1.0);
   ProjectRecord r = Sample("Test");
   r.DepthUnit = 1;
-  ASSERT_TRUE(projects_->SaveProject(r));
+  ASSERT_TRUE(object_->SaveProject(r));
   sql_.clear();
   EXPECT_EQ(factory_->IsDepthInFeet(), 1);
   EXPECT_STREQ(factory_->GetDepthUnitName(), "英尺");

@@ -123,7 +123,95 @@ TEST_F(WellDataTest, CompactStatementsKeepTheirSpacing) {
                           }));
   EXPECT_EQ(ids, (std::vector<std::string>{"W1", "W2"}));
   EXPECT_EQ(found, std::vector<std::string>{"W1"});
-  EXPECT_EQ(records.size(), 4u);
+  EXPECT_EQ(records.size(), 2u);  // the second load replaced what the first gave
+}
+
+// Every list operation replaces what the caller's vector held.
+TEST_F(WellDataTest, ListsReplaceWhatTheVectorHeld) {
+  ASSERT_TRUE(wells_->SaveWell("P1", Well("W2", "")));
+  ASSERT_TRUE(wells_->SaveWell("P1", Well("W1", "first")));
+  Group("P1", "G1", -1, "", "");
+  ASSERT_TRUE(wells_->AddWellsToGroup("G1", {"W1", "W2"}));
+  using Names = std::vector<std::string>;
+  const Names ids{"W1", "W2"}, names{"first", "W2"};
+  auto stale = [] { return Names{"stale"}; };
+  auto staleWells = [] { return std::vector<WellRecord>{Well("stale")}; };
+  auto idsOf = [](const std::vector<WellRecord>& wells) {
+    Names out;
+    for (const auto& w : wells) out.push_back(w.WellID);
+    return out;
+  };
+
+  Names got = stale();
+  EXPECT_TRUE(wells_->GetProjectWellIDs("P1", got));
+  EXPECT_EQ(got, ids);
+  got = stale();
+  EXPECT_TRUE(wells_->ListWellIDs("P1", got));
+  EXPECT_EQ(got, ids);
+  got = stale();
+  EXPECT_TRUE(wells_->GetGroupWellIDs("P1", "G1", got));
+  EXPECT_EQ(got, ids);
+  got = stale();
+  EXPECT_TRUE(wells_->GetGroupedWellIDs(got));
+  EXPECT_EQ(got, ids);
+  got = stale();
+  EXPECT_TRUE(wells_->FilterExistingWells("P1", {"W2", "W9"}, got));
+  EXPECT_EQ(got, Names{"W2"});
+  got = stale();
+  EXPECT_TRUE(wells_->GetProjectWellNames("P1", got));
+  EXPECT_EQ(got, names);
+  got = stale();
+  EXPECT_TRUE(wells_->GetGroupWellNames("P1", "G G1", got));
+  EXPECT_EQ(got, names);
+  got = stale();
+  EXPECT_TRUE(wells_->GetGroupWellDisplayNames("P1", "G1", got));
+  EXPECT_EQ(got, names);
+  got = stale();
+  EXPECT_TRUE(wells_->GetGroupedWellNames(got));
+  EXPECT_EQ(got, names);
+
+  auto wells = staleWells();
+  EXPECT_TRUE(wells_->LoadProjectWells("P1", wells));
+  EXPECT_EQ(wells.size(), 2u);
+  wells = staleWells();
+  EXPECT_TRUE(wells_->LoadAllWells("P1", wells));
+  EXPECT_EQ(idsOf(wells), ids);
+  wells = staleWells();
+  EXPECT_TRUE(wells_->LoadGroupWells("P1", "G1", wells));
+  EXPECT_EQ(idsOf(wells), ids);
+  wells = staleWells();
+  EXPECT_TRUE(wells_->LoadWellsByIDs({"W2"}, wells));
+  EXPECT_EQ(idsOf(wells), Names{"W2"});
+  wells = staleWells();
+  EXPECT_TRUE(wells_->LoadWellList("'W1'", wells));
+  EXPECT_EQ(idsOf(wells), Names{"W1"});
+
+  // A failing list is emptied too, not left with the caller's entries.
+  got = stale();
+  EXPECT_FALSE(wells_->GetGroupWellNames("P1", "no such group", got));
+  EXPECT_TRUE(got.empty());
+}
+
+// A well ID that cannot be spliced into the delete fails the replace before
+// the row is written, so no row appears that no statement could reach.
+TEST_F(WellDataTest, AQuotedWellIDIsNeverWritten) {
+  sql_.clear();
+  EXPECT_FALSE(wells_->ReplaceWell("P1", Well("W'1")));
+  EXPECT_FALSE(wells_->SaveWell("P1", Well("W'2")));
+  EXPECT_FALSE(wells_->SaveWell("P'1", Well("W3")));
+  EXPECT_TRUE(Query("select WellID from w_well_data").empty());
+  EXPECT_TRUE(sql_.texts("SaveData").empty());
+}
+
+// An empty ID list gives the statement "in ()", which no engine runs.
+TEST_F(WellDataTest, FilteringAnEmptyListSendsItAndFails) {
+  ASSERT_TRUE(wells_->AppendWells("P1", {Well("W1")}));
+  std::vector<std::string> found{"stale"};
+  sql_.clear();
+  EXPECT_FALSE(wells_->FilterExistingWells("P1", {}, found));
+  EXPECT_EQ(sql_.texts(),
+            std::vector<std::string>{"select wellid from w_well_data where  ProjectName = 'P1' and wellid in ()"});
+  EXPECT_TRUE(found.empty());
 }
 
 TEST_F(WellDataTest, IdListsGoInBatchesOfTen) {

@@ -1,32 +1,39 @@
-#include "dbaccess/RecordLists.h"
+#include "dbaccess/DataObject.h"
 #include "petrodb/IDataBaseVersion.h"
 
-using petrodb::AfxMessageBox;
-using petrodb::FieldReader;
-using petrodb::sql::Format;
+using namespace petrodb;
 
-class CDataBaseVersion final : public petrodb::CDataObject<IDataBaseVersion> {
+namespace {
+
+constexpr Pattern<"select * from Version"> kSelectAll;
+constexpr Pattern<"update Version set ImageType = '%s' where DBNO is not null"> kSetImageType;
+
+const ColumnTable<VersionRecord> kVersionColumns{"Version", {
+    Col("DBNO", &VersionRecord::DBNO),
+    Col("ImageType", &VersionRecord::ImageType),
+}};
+
+constexpr Message kUpdateFirst = AppMessage("请先更新数据库！");
+
+}  // namespace
+
+class CDataBaseVersion final : public CDataObject<IDataBaseVersion> {
  public:
-  bool GetVersions(std::vector<VersionRecord>& list) override;
-  bool SetImageType(const VersionRecord& record) override;
+  bool GetVersions(std::vector<VersionRecord>& list) override {
+    return LoadAll(kSelectAll(), kVersionColumns, list, Fill::Clear).found();
+  }
+
+  bool SetImageType(const VersionRecord& record) override {
+    // Only the probe decides the answer: the update's own result is not looked at.
+    CDbManage db(connectionString.c_str());
+    if (TableMissing(db, "Version")) {
+      kUpdateFirst.Show();
+      return false;
+    }
+    db.ExecuteSQL(kSetImageType(record.ImageType).c_str());
+    return true;
+  }
   PETRODB_DATA_CLASS
 };
 
 PETRODB_REGISTER_CLASS(CDataBaseVersion, IDataBaseVersion)
-
-bool CDataBaseVersion::GetVersions(std::vector<VersionRecord>& list) {
-  CDbManage db(connectionString.c_str());
-  return petrodb::SelectRecords(db, "select * from Version", list, [](CDbManage& row, VersionRecord& r) {
-           return FieldReader{row}("DBNO", r.DBNO)("ImageType", r.ImageType).ok();
-         }) == kRowsFound;
-}
-
-bool CDataBaseVersion::SetImageType(const VersionRecord& record) {
-  CDbManage db(connectionString.c_str());
-  if (petrodb::TableMissing(db, "Version")) {
-    AfxMessageBox("请先更新数据库！");
-    return false;
-  }
-  db.ExecuteSQL(Format("update Version set ImageType = '%s' where DBNO is not null", record.ImageType).c_str());
-  return true;
-}

@@ -1,190 +1,206 @@
 #include <filesystem>
+#include <optional>
 
-#include "dbaccess/DataObject.h"
 #include "petrodb/DateTime.h"
 #include "petrodb/Host.h"
 #include "petrodb/project/IBasicProjectData.h"
+#include "project/ProjectData.h"
 
-using petrodb::AfxMessageBox;
-using petrodb::FieldReader;
-using petrodb::FieldWriter;
-using petrodb::sql::Format;
+using namespace petrodb;
 namespace fs = std::filesystem;
 
-class CBasicProjectData final : public petrodb::CDataObject<IBasicProjectData> {
+namespace {
+
+constexpr Pattern<"select ProjectName from b_project_data"> kProjectNames;
+constexpr Pattern<"select projectName from b_project_recent order by accessTime desc"> kRecentNames;
+constexpr Pattern<"select * from b_project_data where ProjectName='%s'"> kLoadProject;
+constexpr Pattern<"select ProjectName from b_project_data where ProjectName='%s'"> kProjectExists;
+constexpr Pattern<"delete from b_project_data where ProjectName='%s'"> kDeleteProject;
+constexpr Pattern<"select * from b_project_recent where projectName ='%s'"> kFindRecent;
+constexpr Pattern<"delete from b_project_recent where projectName ='%s'"> kDeleteRecent;
+constexpr Pattern<"select * from sysdatabases where name='%s'"> kServerDatabase;
+constexpr Pattern<"RESTORE FILELISTONLY FROM DISK = '%s' RESTORE DATABASE %s FROM DISK = '%s' WITH MOVE '%s' TO "
+                  "'%s',MOVE '%s' TO '%s'">
+    kRestore;
+
+// A column of a member of the ellipsoid or projection part of the record.
+template <class Part, class T>
+Column<ProjectRecord> In(const char* name, Part ProjectRecord::*part, T Part::*member) {
+  Column<ProjectRecord> c;
+  c.name = name;
+  c.kind = columns::KindOf<T>();
+  c.get = [=](const CDbManage& db, ProjectRecord& r) { return columns::ReadValue(db, name, (r.*part).*member); };
+  c.set = [=](CDbManage& db, const ProjectRecord& r, EmptyArray empty) {
+    columns::WriteValue(db, name, (r.*part).*member, empty);
+  };
+  return c;
+}
+Column<ProjectRecord> ReadOnly(Column<ProjectRecord> c) {
+  c.written = false;
+  return c;
+}
+Column<ProjectRecord> WriteOnly(Column<ProjectRecord> c) {
+  c.read = false;
+  return c;
+}
+
+// The load copies the name it was given instead of reading ProjectName, and
+// reads CentralMeridian before ProjectionDescription while the save writes it
+// after; DepthUnit alone may be missing (metres).
+const ColumnTable<ProjectRecord> kProjectColumns{"b_project_data", {
+    Col("ProjectName", &ProjectRecord::ProjectName).WriteOnly(),
+    Col("Description", &ProjectRecord::Description),
+    Col("AutoCalcMinMax", &ProjectRecord::AutoCalcMinMax),
+    Col("EWmin", &ProjectRecord::EWmin),
+    Col("EWmax", &ProjectRecord::EWmax),
+    Col("SNmin", &ProjectRecord::SNmin),
+    Col("SNmax", &ProjectRecord::SNmax),
+    Col("CreatedDate", &ProjectRecord::CreatedDate),
+    In("EllipsoidID", &ProjectRecord::Ellipsoid, &EllipsoidRecord::EllipsoidID),
+    In("EllipsoidDescription", &ProjectRecord::Ellipsoid, &EllipsoidRecord::EllipsoidDescription),
+    In("SemiMajor", &ProjectRecord::Ellipsoid, &EllipsoidRecord::SemiMajor),
+    In("Flattering", &ProjectRecord::Ellipsoid, &EllipsoidRecord::Flattering),
+    In("ProjectionType", &ProjectRecord::Projection, &ProjectionRecord::ProjectionType),
+    ReadOnly(In("CentralMeridian", &ProjectRecord::Projection, &ProjectionRecord::CentralMeridian)),
+    In("ProjectionDescription", &ProjectRecord::Projection, &ProjectionRecord::ProjectionDescription),
+    WriteOnly(In("CentralMeridian", &ProjectRecord::Projection, &ProjectionRecord::CentralMeridian)),
+    In("OriginLatitude", &ProjectRecord::Projection, &ProjectionRecord::OriginLatitude),
+    In("FalseEasting", &ProjectRecord::Projection, &ProjectionRecord::FalseEasting),
+    In("FalseNorthing", &ProjectRecord::Projection, &ProjectionRecord::FalseNorthing),
+    In("StdParallel1", &ProjectRecord::Projection, &ProjectionRecord::StdParallel1),
+    In("StdParallel2", &ProjectRecord::Projection, &ProjectionRecord::StdParallel2),
+    In("ScaleFactor", &ProjectRecord::Projection, &ProjectionRecord::ScaleFactor),
+    In("Azimuth", &ProjectRecord::Projection, &ProjectionRecord::Azimuth),
+    In("ZoneType", &ProjectRecord::Projection, &ProjectionRecord::ZoneType),
+    In("indexZone", &ProjectRecord::Projection, &ProjectionRecord::indexZone),
+    Col("CooridnateType", &ProjectRecord::CooridnateType),
+    Col("DepthUnit", &ProjectRecord::DepthUnit).Or(0),
+}};
+
+struct RecentRow {
+  std::string projectName;
+  DateTime accessTime;
+};
+const ColumnTable<RecentRow> kRecentColumns{"b_project_recent", {
+    Col("projectName", &RecentRow::projectName),
+    Col("accessTime", &RecentRow::accessTime),
+}};
+
+const ReplaceSteps kSaveProject{"b_project_data", Probe::First, AppMessage("数据库连接失败或工区表不存在！"),
+                                AppMessage("保存数据库出错！")};
+
+std::string Text(const char* s) { return s ? s : ""; }
+
+}  // namespace
+
+class CBasicProjectData final : public ProjectDataObject<IBasicProjectData> {
  public:
-  bool GetProjectNames(std::vector<std::string>& names) override;
-  bool CreateProject(const char* name, const char* parentDirectory, const char* templateDirectory) override;
-  bool CreateProjectDirectory(const char* name, const char* parentDirectory) override;
-  bool CreateProjectDatabase(const char* name, const char* serverConnection) override;
-  bool LoadProject(const char* name, ProjectRecord& record) override;
-  bool IsProjectExist(const char* name) override;
-  bool SaveProject(const ProjectRecord& record) override;
-  bool DeleteProject(const char* name) override;
-  bool GetRecentProjects(std::vector<std::string>& names) override;
-  bool TouchRecentProject(const char* name, int ignored) override;
+  bool GetProjectNames(std::vector<std::string>& names) override {
+    return ReadableNames(kProjectNames(), "ProjectName", names);
+  }
+
+  bool GetRecentProjects(std::vector<std::string>& names) override {
+    return ReadableNames(kRecentNames(), "projectName", names);
+  }
+
+  bool LoadProject(const char* name, ProjectRecord& record) override {
+    return LoadOneAfter(kLoadProject(name), kProjectColumns, record, [&] { record.ProjectName = Text(name); });
+  }
+
+  bool IsProjectExist(const char* name) override { return ExistsInTable("b_project_data", kProjectExists(name)); }
+
+  // Every save stamps the current time; the record's own CreatedDate is not used.
+  bool SaveProject(const ProjectRecord& record) override {
+    if (!KeyGiven(record.ProjectName, AppMessage("工区名不能为空！"))) return false;
+    const DateTime now = DateTime::Now();
+    ProjectRecord row = record;
+    row.CreatedDate = sql::Format("%d-%d-%d %d:%d:%d", now.year, now.month, now.day, now.hour, now.minute, now.second);
+    // The delete answers true even when it could not run: a name it cannot
+    // hold must not be written.
+    const bool nameFits = !kDeleteProject(record.ProjectName).refused();
+    return ReplaceAfter(
+        kSaveProject, [&](CDbManage&) { return nameFits && DeleteProject(record.ProjectName.c_str()); },
+        [&](CDbManage& db) { kProjectColumns.AddRow(db, row); });
+  }
+
+  bool DeleteProject(const char* name) override {
+    if (!KeyGiven(Text(name), AppMessage("工区名称不能为空！"))) return false;
+    return ExecuteIfTable("b_project_data", kDeleteProject(name));
+  }
+
+  bool TouchRecentProject(const char* name, int) override {
+    // The select's three answers decide: a row is deleted first, no row goes
+    // straight to the insert, a failure gives up; the save's own result is not
+    // looked at.
+    CDbManage db(connectionString.c_str());
+    const int found = db.GetDataFromDB(kFindRecent(name).c_str());
+    if (found == kFailed) return false;
+    if (found == kRowsFound) db.ExecuteSQL(kDeleteRecent(name).c_str());
+    db.BeginSaveData(kRecentColumns.table());
+    kRecentColumns.AddRow(db, RecentRow{Text(name), DateTime::Now()});
+    db.SaveData();
+    return true;
+  }
+
+  bool CreateProjectDirectory(const char* name, const char* parentDirectory) override {
+    const fs::path directory = fs::path(Text(parentDirectory)) / Text(name);
+    std::error_code ec;
+    if (fs::is_directory(directory, ec)) return true;
+    if (!name || !*name || !fs::create_directory(directory, ec)) {
+      AfxMessageBox("创建工区失败!\n工区目录下可能已有名为" + Text(name) + "的工区。");
+      return false;
+    }
+    return true;
+  }
+
+  bool CreateProject(const char* name, const char* parentDirectory, const char* templateDirectory) override {
+    const fs::path file = fs::path(Text(parentDirectory)) / Text(name) / (Text(name) + ".mdb");
+    std::error_code ec;
+    if (fs::exists(file, ec)) {
+      AfxMessageBox("该工区已经存在，请重新操作！");
+      return false;
+    }
+    if (!CreateProjectDirectory(name, parentDirectory)) return false;
+    const fs::path source = fs::path(Text(templateDirectory)) / "Projects.mdb";
+    if (!fs::copy_file(source, file, fs::copy_options::none, ec)) {
+      AfxMessageBox("创建工区失败!\n因为无法拷贝缺省数据库。");
+      return false;
+    }
+    fs::permissions(file, fs::perms::owner_write, fs::perm_options::add, ec);
+    return true;
+  }
+
+  bool CreateProjectDatabase(const char* name, const char* serverConnection) override {
+    // A session on the server the caller names, not on this object's project.
+    CDbManage db(serverConnection);
+    if (db.GetDataFromDB(kServerDatabase(name).c_str()) == kRowsFound) return false;
+    const int waiting = BeginWaitingDlg("系统正在创建数据库，请耐心等候...", 0);
+    const fs::path directory = ProgramDirectory();
+    const std::string backup = (directory / "orvex.bak").string();
+    const std::string dataFile = (directory / (Text(name) + ".mdf")).string();
+    const std::string logFile = (directory / (Text(name) + ".ldf")).string();
+    const bool restored = db.ExecuteSQL(
+        kRestore(backup, Text(name), backup, "orvex_Data", dataFile, "orvex_Log", logFile).c_str());
+    if (restored) AfxMessageBox("数据库创建成功结束！");
+    EndWaitingDlg(waiting);
+    return restored;
+  }
   PETRODB_DATA_CLASS
 
  private:
-  bool ReadNames(const char* statement, const char* column, std::vector<std::string>& names);
+  // The names of the select's rows that can be read (unreadable ones are
+  // skipped); true when there is at least one.
+  bool ReadableNames(const Statement& statement, const char* column, std::vector<std::string>& names) const {
+    names.clear();
+    std::vector<std::optional<std::string>> rows;
+    const bool ran = LoadRows(statement, rows, Fill::Clear, [column](CDbManage& row, std::optional<std::string>& name) {
+                       if (std::string value; row.GetFieldValue(column, value)) name = std::move(value);
+                       return true;
+                     }).found();
+    for (auto& row : rows)
+      if (row) names.push_back(std::move(*row));
+    return ran && !names.empty();
+  }
 };
 
 PETRODB_REGISTER_CLASS(CBasicProjectData, IBasicProjectData)
-
-namespace {
-std::string Text(const char* s) { return s ? s : ""; }
-}  // namespace
-
-bool CBasicProjectData::ReadNames(const char* statement, const char* column, std::vector<std::string>& names) {
-  names.clear();
-  CDbManage db(connectionString.c_str());
-  const auto result = petrodb::ForEachRow(db, statement, false, [&](CDbManage& row) {
-    std::string name;
-    if (row.GetFieldValue(column, name)) names.push_back(name);
-    return true;
-  });
-  return result == kRowsFound && !names.empty();
-}
-
-bool CBasicProjectData::GetProjectNames(std::vector<std::string>& names) {
-  return ReadNames("select ProjectName from b_project_data", "ProjectName", names);
-}
-
-bool CBasicProjectData::GetRecentProjects(std::vector<std::string>& names) {
-  return ReadNames("select projectName from b_project_recent order by accessTime desc", "projectName", names);
-}
-
-bool CBasicProjectData::LoadProject(const char* name, ProjectRecord& record) {
-  CDbManage db(connectionString.c_str());
-  if (db.GetDataFromDB(Format("select * from b_project_data where ProjectName='%s'", name).c_str()) != kRowsFound)
-    return false;
-  record.ProjectName = Text(name);
-  auto& e = record.Ellipsoid;
-  auto& p = record.Projection;
-  FieldReader in(db);
-  in("Description", record.Description)("AutoCalcMinMax", record.AutoCalcMinMax)("EWmin", record.EWmin)(
-      "EWmax", record.EWmax)("SNmin", record.SNmin)("SNmax", record.SNmax)("SNmax", record.SNmax)(
-      "CreatedDate", record.CreatedDate)("EllipsoidID", e.EllipsoidID)("EllipsoidDescription", e.EllipsoidDescription)(
-      "SemiMajor", e.SemiMajor)("Flattering", e.Flattering)("ProjectionType", p.ProjectionType)(
-      "CentralMeridian", p.CentralMeridian)("ProjectionDescription", p.ProjectionDescription)(
-      "OriginLatitude", p.OriginLatitude)("FalseEasting", p.FalseEasting)("FalseNorthing", p.FalseNorthing)(
-      "StdParallel1", p.StdParallel1)("StdParallel2", p.StdParallel2)("ScaleFactor", p.ScaleFactor)(
-      "Azimuth", p.Azimuth)("ZoneType", p.ZoneType)("indexZone", p.indexZone)("CooridnateType", record.CooridnateType);
-  if (!in.ok()) return false;
-  in.Optional("DepthUnit", record.DepthUnit, 0);
-  return true;
-}
-
-bool CBasicProjectData::IsProjectExist(const char* name) {
-  CDbManage db(connectionString.c_str());
-  if (petrodb::TableMissing(db, "b_project_data")) return false;
-  return db.GetDataFromDB(Format("select ProjectName from b_project_data where ProjectName='%s'", name).c_str()) ==
-         kRowsFound;
-}
-
-bool CBasicProjectData::SaveProject(const ProjectRecord& record) {
-  if (record.ProjectName.empty()) {
-    AfxMessageBox("工区名不能为空！");
-    return false;
-  }
-  const DateTime now = DateTime::Now();
-  const std::string created =
-      Format("%d-%d-%d %d:%d:%d", now.year, now.month, now.day, now.hour, now.minute, now.second);
-  CDbManage db(connectionString.c_str());
-  if (petrodb::TableMissing(db, "b_project_data")) {
-    AfxMessageBox("数据库连接失败或工区表不存在！");
-    return false;
-  }
-  if (!DeleteProject(record.ProjectName.c_str())) return false;
-  const auto& e = record.Ellipsoid;
-  const auto& p = record.Projection;
-  db.BeginSaveData("b_project_data");
-  db.AddNew();
-  FieldWriter out(db);
-  out("ProjectName", record.ProjectName)("Description", record.Description)(
-      "AutoCalcMinMax", record.AutoCalcMinMax)("EWmin", record.EWmin)("EWmax", record.EWmax)("SNmin", record.SNmin)(
-      "SNmax", record.SNmax)("CreatedDate", created)("EllipsoidID", e.EllipsoidID)(
-      "EllipsoidDescription", e.EllipsoidDescription)("SemiMajor", e.SemiMajor)("Flattering", e.Flattering)(
-      "ProjectionType", p.ProjectionType)("ProjectionDescription", p.ProjectionDescription)(
-      "CentralMeridian", p.CentralMeridian)("OriginLatitude", p.OriginLatitude)("FalseEasting", p.FalseEasting)(
-      "FalseNorthing", p.FalseNorthing)("StdParallel1", p.StdParallel1)("StdParallel2", p.StdParallel2)(
-      "ScaleFactor", p.ScaleFactor)("Azimuth", p.Azimuth)("ZoneType", p.ZoneType)("indexZone", p.indexZone)(
-      "CooridnateType", record.CooridnateType)("DepthUnit", record.DepthUnit);
-  if (!db.SaveData()) {
-    AfxMessageBox("保存数据库出错！");
-    return false;
-  }
-  return true;
-}
-
-bool CBasicProjectData::DeleteProject(const char* name) {
-  if (!name || !*name) {
-    AfxMessageBox("工区名称不能为空！");
-    return false;
-  }
-  CDbManage db(connectionString.c_str());
-  if (petrodb::TableMissing(db, "b_project_data")) return false;
-  db.ExecuteSQL(Format("delete from b_project_data where ProjectName='%s'", name).c_str());
-  return true;
-}
-
-bool CBasicProjectData::TouchRecentProject(const char* name, int) {
-  CDbManage db(connectionString.c_str());
-  const auto found = db.GetDataFromDB(Format("select * from b_project_recent where projectName ='%s'", name).c_str());
-  if (found == kFailed) return false;
-  if (found == kRowsFound)
-    db.ExecuteSQL(Format("delete from b_project_recent where projectName ='%s'", name).c_str());
-  db.BeginSaveData("b_project_recent");
-  db.AddNew();
-  db.SetFieldValue("projectName", Text(name));
-  db.SetFieldValue("accessTime", DateTime::Now());
-  db.SaveData();
-  return true;
-}
-
-bool CBasicProjectData::CreateProjectDirectory(const char* name, const char* parentDirectory) {
-  const fs::path directory = fs::path(Text(parentDirectory)) / Text(name);
-  std::error_code ec;
-  if (fs::is_directory(directory, ec)) return true;
-  if (!name || !*name || !fs::create_directory(directory, ec)) {
-    AfxMessageBox("创建工区失败!\n工区目录下可能已有名为" + Text(name) + "的工区。");
-    return false;
-  }
-  return true;
-}
-
-bool CBasicProjectData::CreateProject(const char* name, const char* parentDirectory, const char* templateDirectory) {
-  const fs::path directory = fs::path(Text(parentDirectory)) / Text(name);
-  const fs::path file = directory / (Text(name) + ".mdb");
-  std::error_code ec;
-  if (fs::exists(file, ec)) {
-    AfxMessageBox("该工区已经存在，请重新操作！");
-    return false;
-  }
-  if (!CreateProjectDirectory(name, parentDirectory)) return false;
-  const fs::path source = fs::path(Text(templateDirectory)) / "Projects.mdb";
-  if (!fs::copy_file(source, file, fs::copy_options::none, ec)) {
-    AfxMessageBox("创建工区失败!\n因为无法拷贝缺省数据库。");
-    return false;
-  }
-  fs::permissions(file, fs::perms::owner_write, fs::perm_options::add, ec);
-  return true;
-}
-
-bool CBasicProjectData::CreateProjectDatabase(const char* name, const char* serverConnection) {
-  CDbManage db(serverConnection);
-  if (db.GetDataFromDB(Format("select * from sysdatabases where name='%s'", name).c_str()) == kRowsFound) return false;
-  const int waiting = petrodb::BeginWaitingDlg("系统正在创建数据库，请耐心等候...", 0);
-  const std::string directory = petrodb::ProgramDirectory();
-  const std::string backup = (fs::path(directory) / "orvex.bak").string();
-  const std::string dataFile = (fs::path(directory) / (Text(name) + ".mdf")).string();
-  const std::string logFile = (fs::path(directory) / (Text(name) + ".ldf")).string();
-  const bool restored = db.ExecuteSQL(
-      Format("RESTORE FILELISTONLY FROM DISK = '%s' RESTORE DATABASE %s FROM DISK = '%s' WITH MOVE '%s' TO "
-             "'%s',MOVE '%s' TO '%s'",
-             backup, name, backup, "orvex_Data", dataFile, "orvex_Log", logFile)
-          .c_str());
-  if (restored) AfxMessageBox("数据库创建成功结束！");
-  petrodb::EndWaitingDlg(waiting);
-  return restored;
-}

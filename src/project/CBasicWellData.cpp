@@ -1,121 +1,82 @@
 #include <algorithm>
-#include <memory>
 
-#include "dbaccess/RecordLists.h"
 #include "petrodb/project/IBasicWellData.h"
 #include "petrodb/project/IWellGroupData.h"
+#include "project/ProjectData.h"
 
-using petrodb::AfxMessageBox;
-using petrodb::FieldReader;
-using petrodb::FieldWriter;
-using petrodb::sql::Format;
-using petrodb::sql::Fragment;
-using petrodb::sql::Raw;
-
-class CBasicWellData final : public petrodb::CDataObject<IBasicWellData> {
- public:
-  bool IsWellInGroup(const std::string& groupID, const std::string& wellID) override;
-  bool IsWellIDExist(const std::string& project, const std::string& wellID) override;
-  bool IsWellNameExist(const std::string& project, const std::string& wellName) override;
-  int GetProjectWellCount(const char* project) override;
-  int GetGroupWellCount(const char* project, const char* groupID) override;
-  bool HasGroupWells(const char* project, const char* groupID) override;
-  bool LoadGroupWells(const std::string& project, const std::string& groupID,
-                      std::vector<WellRecord>& records) override;
-  bool LoadProjectWells(const std::string& project, std::vector<WellRecord>& records) override;
-  bool GetGroupWellDisplayNames(const char* project, const char* groupID, std::vector<std::string>& names) override;
-  bool LoadWell(const std::string& wellID, WellRecord& record) override;
-
-  bool IsWellInGroup(const char* groupID, const char* wellID) override;
-  bool IsWellIDExist(const char* project, const char* wellID) override;
-  bool IsWellNameInGroup(const char* project, const char* groupName, const char* wellName) override;
-  bool IsWellNameExist(const char* project, const char* wellName) override;
-  bool LoadGroupWells(const char* project, const char* groupID, std::vector<WellRecord>& records) override;
-  bool LoadProjectWells(const char* project, std::vector<WellRecord>& records) override;
-  bool GetGroupWellIDs(const char* project, const char* groupID, std::vector<std::string>& ids) override;
-  bool GetProjectWellIDs(const char* project, std::vector<std::string>& ids) override;
-  bool GetGroupWellNames(const char* project, const char* groupName, std::vector<std::string>& names) override;
-  bool GetProjectWellNames(const char* project, std::vector<std::string>& names) override;
-  bool LoadWellsByIDs(const std::vector<std::string>& ids, std::vector<WellRecord>& records) override;
-  bool LoadWell(const char* wellID, WellRecord& record) override;
-  bool LoadWellsByNames(const std::vector<std::string>& names, std::vector<WellRecord>& records) override;
-  bool LoadWellByName(const char* name, WellRecord& record) override;
-  bool LoadWellByName(const std::string& name, WellRecord& record) override;
-  bool GetGroupedWellIDs(std::vector<std::string>& ids) override;
-  bool GetGroupedWellNames(std::vector<std::string>& names) override;
-  bool SaveWellsWithGroup(const char* project, const char* groupID, const std::vector<WellRecord>& records) override;
-  bool SaveWellWithGroup(const char* project, const char* groupID, const WellRecord& record) override;
-  bool SaveWells(const char* project, const std::vector<WellRecord>& records) override;
-  bool SaveWell(const char* project, const WellRecord& record) override;
-  bool SaveWell(const std::string& project, const WellRecord& record) override;
-  bool SaveWells(const std::string& project, const std::vector<WellRecord>& records) override;
-  bool SaveWellWithGroup(const std::string& project, const std::string& groupID, const WellRecord& record) override;
-  bool DeleteProjectWells(const char* project) override;
-  bool DeleteWells(const char* project, const std::vector<std::string>& ids) override;
-  bool DeleteWell(const char* project, const char* wellID) override;
-  bool DeleteWell(const std::string& project, const std::string& wellID) override;
-  bool DeleteGroupWells(const char* project, const char* groupID) override;
-  bool AddWellsToGroup(const char* groupID, const std::vector<std::string>& ids) override;
-  bool AddWellToGroup(const char* groupID, const char* wellID) override;
-  bool RemoveWellsFromGroup(const char* groupID, const std::vector<std::string>& ids) override;
-  bool RemoveWellFromGroup(const char* groupID, const char* wellID) override;
-  bool ClearGroup(const char* groupID) override;
-
-  bool ListWellIDs(const char* project, std::vector<std::string>& ids) override;
-  bool LoadWellList(const char* idList, std::vector<WellRecord>& records) override;
-  bool LoadWellRow(const char* wellID, WellRecord& record) override;
-  bool LoadAllWells(const char* project, std::vector<WellRecord>& records) override;
-  bool WellExists(const char* wellID, const char* project) override;
-  bool ReplaceWell(const char* project, const WellRecord& record) override;
-  bool FilterExistingWells(const char* project, const std::vector<std::string>& ids,
-                           std::vector<std::string>& found) override;
-  bool AppendWells(const char* project, const std::vector<WellRecord>& records) override;
-  bool RemoveWell(const char* wellID, const char* project) override;
-  bool RemoveWells(const char* idList, const char* project) override;
-  bool RemoveProjectWells(const char* project) override;
-  PETRODB_DATA_CLASS
-
- private:
-  bool Exists(const std::string& statement);
-  bool Execute(const std::string& statement);
-  bool LoadWells(const std::string& statement, std::vector<WellRecord>& records);
-  bool LoadOneWell(const std::string& statement, WellRecord& record);
-  // The IDs of the group's members, then the statements built by `rowsOf`
-  // (one per batch of ten) for the project's wells among them.
-  template <class RunFn>
-  bool ForGroupMembers(const char* project, const char* groupID, const char* pattern, RunFn&& run);
-  bool LoadWellsAndName(const std::vector<std::string>& ids, std::vector<std::string>& names);
-  void JoinGroupsByPolicy(CDbManage& db, const char* project, const WellRecord& record);
-};
-
-PETRODB_REGISTER_CLASS(CBasicWellData, IBasicWellData)
+using namespace petrodb;
 
 namespace {
 
-bool ReadWell(CDbManage& db, WellRecord& w) {
-  return FieldReader{db}("WellID", w.WellID)("WellName", w.WellName)("WellType", w.WellType)("Well_SN", w.Well_SN)(
-             "Well_EW", w.Well_EW)("WellFlag", w.WellFlag)("WellSymbol", w.WellSymbol)("Kb", w.Kb)("Ekb", w.Ekb)(
-             "WellDepth", w.WellDepth)
-      .ok();
+// Group-aware operations: spaced "= '" comparisons.
+constexpr Pattern<"select WellID from w_groupwell where GroupID = '%s' and WellID = '%s'"> kMembership;
+constexpr Pattern<"select WellID from w_well_data where ProjectName = '%s' and WellID = '%s'"> kWellIDInProject;
+constexpr Pattern<"select WellID from w_well_data where ProjectName = '%s' and WellName = '%s'"> kWellNameInProject;
+constexpr Pattern<"select GroupID from w_wellgroup where ProjectName = '%s' and GroupName = '%s'"> kGroupOfName;
+constexpr Pattern<"select WellID from w_groupwell where GroupID = '%s' order by WellID"> kMembersOf;
+constexpr Pattern<"select * from w_well_data where ProjectName = '%s' and WellID in ('%s')"> kProjectWellsIn;
+constexpr Pattern<"select WellID from w_well_data where ProjectName = '%s' and WellID in ('%s')"> kProjectWellIDsIn;
+constexpr Pattern<"select * from w_well_data where ProjectName = '%s'"> kProjectWells;
+constexpr Pattern<"select WellID from w_well_data where ProjectName = '%s' order by WellID"> kProjectWellIDs;
+constexpr Pattern<"select * from w_well_data where ProjectName = '%s' order by WellID"> kProjectWellsInOrder;
+constexpr Pattern<"select * from w_well_data where WellID in ('%s')"> kWellsByID;
+constexpr Pattern<"select * from w_well_data where WellID = '%s'"> kWellByID;
+constexpr Pattern<"select * from w_well_data where WellName in ('%s')"> kWellsByName;
+constexpr Pattern<"select * from w_well_data where WellName = '%s'"> kWellByName;
+constexpr Pattern<"select WellID from w_groupwell order by WellID"> kGroupedWellIDs;
+constexpr Pattern<"delete from w_well_data where ProjectName = '%s'"> kDeleteProjectWells;
+constexpr Pattern<"delete from w_groupwell"> kDeleteAllMemberships;
+constexpr Pattern<"delete from w_well_data where ProjectName = '%s' and WellID = '%s'"> kDeleteWell;
+constexpr Pattern<"delete from w_groupwell where WellID = '%s'"> kDeleteMembershipsOf;
+constexpr Pattern<"delete from w_groupwell where GroupID = '%s' and WellID in ('%s')"> kRemoveMembers;
+constexpr Pattern<"delete from w_groupwell where GroupID = '%s' and WellID = '%s'"> kRemoveMember;
+constexpr Pattern<"delete from w_groupwell where GroupID = '%s'"> kClearGroup;
+
+// Compact operations: "='" comparisons, odd spacing kept.
+constexpr Pattern<"select WellID from w_well_data where ProjectName='%s'order by WellID"> kListWellIDs;
+constexpr Pattern<"select * from w_well_data where WellID in (%s)"> kWellsInList;
+constexpr Pattern<"select * from w_well_data where WellID='%s'"> kWellRow;
+constexpr Pattern<"select * from w_well_data where ProjectName='%s'order by WellID"> kAllWells;
+constexpr Pattern<"select WellID from  w_well_data where WellID='%s' and ProjectName='%s'"> kWellExists;
+constexpr Pattern<"delete from  w_well_data where WellID='%s'"> kDeleteWellEverywhere;
+constexpr Pattern<"select wellid from w_well_data where  ProjectName = '%s' and wellid in (%s)"> kExistingWells;
+constexpr Pattern<"delete from w_well_data where WellID='%s' and ProjectName='%s'"> kRemoveWell;
+constexpr Pattern<"delete from  w_well_data where WellID in (%s) AND ProjectName='%s'"> kRemoveWells;
+constexpr Pattern<"delete from  w_well_data where ProjectName='%s'"> kRemoveProjectWells;
+
+// The row's ProjectName is the operation's argument; it is written first.
+const ColumnTable<WellRecord> kWellColumns{"w_well_data", {
+    Col("WellID", &WellRecord::WellID),
+    Col("WellName", &WellRecord::WellName),
+    Col("WellType", &WellRecord::WellType),
+    Col("Well_SN", &WellRecord::Well_SN),
+    Col("Well_EW", &WellRecord::Well_EW),
+    Col("WellFlag", &WellRecord::WellFlag),
+    Col("WellSymbol", &WellRecord::WellSymbol),
+    Col("Kb", &WellRecord::Kb),
+    Col("Ekb", &WellRecord::Ekb),
+    Col("WellDepth", &WellRecord::WellDepth),
+}};
+
+const ReplaceSteps kWriteWell{"w_well_data", Probe::None};
+const ReplaceSteps kJoinGroups{"w_groupwell"};
+
+bool ReadWell(CDbManage& db, WellRecord& w) { return kWellColumns.Read(db, w); }
+bool ReadWellID(CDbManage& db, std::string& id) { return db.GetFieldValue("WellID", id); }
+sql::Statement WellsByID(const sql::Fragment& list) { return kWellsByID(list); }
+
+void AddWellRow(CDbManage& db, const char* project, const WellRecord& w) {
+  AddKeyedRow(db, "ProjectName", project ? project : "", kWellColumns, w);
 }
 
-// The eleven columns of a row begun with AddNew.
-void WriteWell(CDbManage& db, const char* project, const WellRecord& w) {
-  FieldWriter{db}("ProjectName", project ? project : "")("WellID", w.WellID)("WellName", w.WellName)(
-      "WellType", w.WellType)("Well_SN", w.Well_SN)("Well_EW", w.Well_EW)("WellFlag", w.WellFlag)(
-      "WellSymbol", w.WellSymbol)("Kb", w.Kb)("Ekb", w.Ekb)("WellDepth", w.WellDepth);
-}
-
-template <class It>
-void SortByWellID(It begin, It end) {
-  std::stable_sort(begin, end, [](const WellRecord& a, const WellRecord& b) { return a.WellID < b.WellID; });
+void SortByWellID(std::vector<WellRecord>& wells) {
+  std::stable_sort(wells.begin(), wells.end(),
+                   [](const WellRecord& a, const WellRecord& b) { return a.WellID < b.WellID; });
 }
 
 // What a host shows for a well: its name, or its ID when it has none.
-const std::string& DisplayName(const WellRecord& w) { return w.WellName.empty() ? w.WellID : w.WellName; }
-
 void AppendDisplayNames(const std::vector<WellRecord>& wells, std::vector<std::string>& names) {
-  for (const auto& w : wells) names.push_back(DisplayName(w));
+  for (const auto& w : wells) names.push_back(w.WellName.empty() ? w.WellID : w.WellName);
 }
 
 // Whether a group's naming policy takes the well in.
@@ -127,415 +88,291 @@ bool PolicyTakes(const WellGroupRecord& group, const WellRecord& well) {
 
 }  // namespace
 
-// ---- shared steps ----
+class CBasicWellData final : public ProjectDataObject<IBasicWellData> {
+ public:
+  // ---- convenience forms ----
 
-bool CBasicWellData::Exists(const std::string& statement) {
-  CDbManage db(connectionString.c_str());
-  return db.GetDataFromDB(statement.c_str()) == kRowsFound;
-}
-
-bool CBasicWellData::Execute(const std::string& statement) {
-  CDbManage db(connectionString.c_str());
-  return db.ExecuteSQL(statement.c_str());
-}
-
-bool CBasicWellData::LoadWells(const std::string& statement, std::vector<WellRecord>& records) {
-  CDbManage db(connectionString.c_str());
-  return petrodb::AppendRecords(db, statement, records, ReadWell);
-}
-
-bool CBasicWellData::LoadOneWell(const std::string& statement, WellRecord& record) {
-  CDbManage db(connectionString.c_str());
-  return db.GetDataFromDB(statement.c_str()) == kRowsFound && ReadWell(db, record);
-}
-
-template <class RunFn>
-bool CBasicWellData::ForGroupMembers(const char* project, const char* groupID, const char* pattern, RunFn&& run) {
-  std::vector<std::string> members;
-  CDbManage db(connectionString.c_str());
-  if (!petrodb::AppendColumn(db, Format("select WellID from w_groupwell where GroupID = '%s' order by WellID", groupID),
-                             "WellID", members))
-    return false;
-  return petrodb::ForEachBatch(
-      members, 10, [&](const Fragment& list) { return Format(pattern, project, list); },
-      [&](const std::string& statement) { return run(db, statement); });
-}
-
-bool CBasicWellData::LoadWellsAndName(const std::vector<std::string>& ids, std::vector<std::string>& names) {
-  std::vector<WellRecord> wells;
-  if (!LoadWellsByIDs(ids, wells)) return false;
-  SortByWellID(wells.begin(), wells.end());
-  AppendDisplayNames(wells, names);
-  return true;
-}
-
-// ---- convenience forms ----
-
-bool CBasicWellData::IsWellInGroup(const std::string& groupID, const std::string& wellID) {
-  return IsWellInGroup(groupID.c_str(), wellID.c_str());
-}
-
-bool CBasicWellData::IsWellIDExist(const std::string& project, const std::string& wellID) {
-  return IsWellIDExist(project.c_str(), wellID.c_str());
-}
-
-bool CBasicWellData::IsWellNameExist(const std::string& project, const std::string& wellName) {
-  return IsWellNameExist(project.c_str(), wellName.c_str());
-}
-
-int CBasicWellData::GetProjectWellCount(const char* project) {
-  std::vector<std::string> ids;
-  return GetProjectWellIDs(project, ids) ? static_cast<int>(ids.size()) : 0;
-}
-
-int CBasicWellData::GetGroupWellCount(const char* project, const char* groupID) {
-  std::vector<std::string> ids;
-  return GetGroupWellIDs(project, groupID, ids) ? static_cast<int>(ids.size()) : 0;
-}
-
-bool CBasicWellData::HasGroupWells(const char* project, const char* groupID) {
-  return GetGroupWellCount(project, groupID) > 0;
-}
-
-bool CBasicWellData::LoadGroupWells(const std::string& project, const std::string& groupID,
-                                    std::vector<WellRecord>& records) {
-  return LoadGroupWells(project.c_str(), groupID.c_str(), records);
-}
-
-bool CBasicWellData::LoadProjectWells(const std::string& project, std::vector<WellRecord>& records) {
-  return LoadProjectWells(project.c_str(), records);
-}
-
-bool CBasicWellData::GetGroupWellDisplayNames(const char* project, const char* groupID,
-                                              std::vector<std::string>& names) {
-  std::vector<std::string> ids;
-  return GetGroupWellIDs(project, groupID, ids) && LoadWellsAndName(ids, names);
-}
-
-bool CBasicWellData::LoadWell(const std::string& wellID, WellRecord& record) {
-  return LoadWell(wellID.c_str(), record);
-}
-
-bool CBasicWellData::LoadWellByName(const std::string& name, WellRecord& record) {
-  return LoadWellByName(name.c_str(), record);
-}
-
-bool CBasicWellData::GetGroupedWellNames(std::vector<std::string>& names) {
-  std::vector<std::string> ids;
-  return GetGroupedWellIDs(ids) && LoadWellsAndName(ids, names);
-}
-
-bool CBasicWellData::SaveWell(const std::string& project, const WellRecord& record) {
-  return SaveWell(project.c_str(), record);
-}
-
-bool CBasicWellData::SaveWells(const std::string& project, const std::vector<WellRecord>& records) {
-  return SaveWells(project.c_str(), records);
-}
-
-bool CBasicWellData::SaveWellWithGroup(const std::string& project, const std::string& groupID,
-                                       const WellRecord& record) {
-  return SaveWellWithGroup(project.c_str(), groupID.c_str(), record);
-}
-
-bool CBasicWellData::DeleteWell(const std::string& project, const std::string& wellID) {
-  return DeleteWell(project.c_str(), wellID.c_str());
-}
-
-bool CBasicWellData::DeleteGroupWells(const char* project, const char* groupID) {
-  std::vector<std::string> ids;
-  return GetGroupWellIDs(project, groupID, ids) && DeleteWells(project, ids);
-}
-
-// ---- group-aware operations ----
-
-bool CBasicWellData::IsWellInGroup(const char* groupID, const char* wellID) {
-  return Exists(Format("select WellID from w_groupwell where GroupID = '%s' and WellID = '%s'", groupID, wellID));
-}
-
-bool CBasicWellData::IsWellIDExist(const char* project, const char* wellID) {
-  return Exists(Format("select WellID from w_well_data where ProjectName = '%s' and WellID = '%s'", project, wellID));
-}
-
-bool CBasicWellData::IsWellNameInGroup(const char* project, const char* groupName, const char* wellName) {
-  std::string wellID, groupID;
-  {
-    CDbManage db(connectionString.c_str());
-    if (db.GetDataFromDB(
-            Format("select WellID from w_well_data where ProjectName = '%s' and WellName = '%s'", project, wellName)
-                .c_str()) != kRowsFound ||
-        !db.GetFieldValue("WellID", wellID))
-      return false;
-    if (db.GetDataFromDB(
-            Format("select GroupID from w_wellgroup where ProjectName = '%s' and GroupName = '%s'", project, groupName)
-                .c_str()) != kRowsFound ||
-        !db.GetFieldValue("GroupID", groupID))
-      return false;
+  bool IsWellInGroup(const std::string& groupID, const std::string& wellID) override {
+    return IsWellInGroup(groupID.c_str(), wellID.c_str());
   }
-  return IsWellInGroup(groupID.c_str(), wellID.c_str());
-}
-
-bool CBasicWellData::IsWellNameExist(const char* project, const char* wellName) {
-  return Exists(
-      Format("select WellID from w_well_data where ProjectName = '%s' and WellName = '%s'", project, wellName));
-}
-
-// The rows of each batch come in the engine's order; the members are given in
-// WellID order.
-bool CBasicWellData::LoadGroupWells(const char* project, const char* groupID, std::vector<WellRecord>& records) {
-  const std::size_t first = records.size();
-  const bool ok = ForGroupMembers(project, groupID,
-                                  "select * from w_well_data where ProjectName = '%s' and WellID in ('%s')",
-                                  [&](CDbManage& db, const std::string& statement) {
-                                    return petrodb::SelectRecords(db, statement, records, ReadWell);
-                                  });
-  SortByWellID(records.begin() + first, records.end());
-  return ok;
-}
-
-bool CBasicWellData::LoadProjectWells(const char* project, std::vector<WellRecord>& records) {
-  return LoadWells(Format("select * from w_well_data where ProjectName = '%s'", project), records);
-}
-
-bool CBasicWellData::GetGroupWellIDs(const char* project, const char* groupID, std::vector<std::string>& ids) {
-  const std::size_t first = ids.size();
-  const bool ok = ForGroupMembers(project, groupID,
-                                  "select WellID from w_well_data where ProjectName = '%s' and WellID in ('%s')",
-                                  [&](CDbManage& db, const std::string& statement) {
-                                    return petrodb::SelectColumn(db, statement, "WellID", ids);
-                                  });
-  std::stable_sort(ids.begin() + first, ids.end());
-  return ok;
-}
-
-bool CBasicWellData::GetProjectWellIDs(const char* project, std::vector<std::string>& ids) {
-  CDbManage db(connectionString.c_str());
-  return petrodb::AppendColumn(
-      db, Format("select WellID from w_well_data where ProjectName = '%s' order by WellID", project), "WellID", ids);
-}
-
-bool CBasicWellData::GetGroupWellNames(const char* project, const char* groupName, std::vector<std::string>& names) {
-  std::string groupID;
-  {
-    CDbManage db(connectionString.c_str());
-    if (db.GetDataFromDB(
-            Format("select GroupID from w_wellgroup where ProjectName = '%s' and GroupName = '%s'", project, groupName)
-                .c_str()) != kRowsFound ||
-        !db.GetFieldValue("GroupID", groupID))
-      return false;
+  bool IsWellIDExist(const std::string& project, const std::string& wellID) override {
+    return IsWellIDExist(project.c_str(), wellID.c_str());
   }
-  std::vector<WellRecord> wells;
-  if (!LoadGroupWells(project, groupID.c_str(), wells)) return false;
-  AppendDisplayNames(wells, names);
-  return true;
-}
+  bool IsWellNameExist(const std::string& project, const std::string& wellName) override {
+    return IsWellNameExist(project.c_str(), wellName.c_str());
+  }
+  int GetProjectWellCount(const char* project) override {
+    std::vector<std::string> ids;
+    return GetProjectWellIDs(project, ids) ? static_cast<int>(ids.size()) : 0;
+  }
+  int GetGroupWellCount(const char* project, const char* groupID) override {
+    std::vector<std::string> ids;
+    return GetGroupWellIDs(project, groupID, ids) ? static_cast<int>(ids.size()) : 0;
+  }
+  bool HasGroupWells(const char* project, const char* groupID) override {
+    return GetGroupWellCount(project, groupID) > 0;
+  }
+  bool LoadGroupWells(const std::string& project, const std::string& groupID,
+                      std::vector<WellRecord>& records) override {
+    return LoadGroupWells(project.c_str(), groupID.c_str(), records);
+  }
+  bool LoadProjectWells(const std::string& project, std::vector<WellRecord>& records) override {
+    return LoadProjectWells(project.c_str(), records);
+  }
+  bool GetGroupWellDisplayNames(const char* project, const char* groupID, std::vector<std::string>& names) override {
+    names.clear();
+    std::vector<std::string> ids;
+    return GetGroupWellIDs(project, groupID, ids) && DisplayNamesOf(ids, names);
+  }
+  bool LoadWell(const std::string& wellID, WellRecord& record) override { return LoadWell(wellID.c_str(), record); }
+  bool LoadWellByName(const std::string& name, WellRecord& record) override {
+    return LoadWellByName(name.c_str(), record);
+  }
+  bool GetGroupedWellNames(std::vector<std::string>& names) override {
+    names.clear();
+    std::vector<std::string> ids;
+    return GetGroupedWellIDs(ids) && DisplayNamesOf(ids, names);
+  }
+  bool SaveWell(const std::string& project, const WellRecord& record) override {
+    return SaveWell(project.c_str(), record);
+  }
+  bool SaveWells(const std::string& project, const std::vector<WellRecord>& records) override {
+    return SaveWells(project.c_str(), records);
+  }
+  bool SaveWellWithGroup(const std::string& project, const std::string& groupID, const WellRecord& record) override {
+    return SaveWellWithGroup(project.c_str(), groupID.c_str(), record);
+  }
+  bool DeleteWell(const std::string& project, const std::string& wellID) override {
+    return DeleteWell(project.c_str(), wellID.c_str());
+  }
+  bool DeleteGroupWells(const char* project, const char* groupID) override {
+    std::vector<std::string> ids;
+    return GetGroupWellIDs(project, groupID, ids) && DeleteWells(project, ids);
+  }
+  bool AddWellToGroup(const char* groupID, const char* wellID) override {
+    return AddWellsToGroup(groupID, {wellID ? wellID : ""});
+  }
+  bool SaveWellsWithGroup(const char* project, const char* groupID, const std::vector<WellRecord>& records) override {
+    for (const auto& record : records)
+      if (!SaveWellWithGroup(project, groupID, record)) return false;
+    return true;
+  }
+  bool SaveWells(const char* project, const std::vector<WellRecord>& records) override {
+    for (const auto& record : records)
+      if (!SaveWell(project, record)) return false;
+    return true;
+  }
+  bool DeleteWells(const char* project, const std::vector<std::string>& ids) override {
+    for (const auto& id : ids)
+      if (!DeleteWell(project, id.c_str())) return false;
+    return true;
+  }
 
-bool CBasicWellData::GetProjectWellNames(const char* project, std::vector<std::string>& names) {
-  std::vector<WellRecord> wells;
-  CDbManage db(connectionString.c_str());
-  const bool ok = petrodb::AppendRecords(
-      db, Format("select * from w_well_data where ProjectName = '%s' order by WellID", project), wells,
-      [](CDbManage& row, WellRecord& w) { return row.GetFieldValue("WellName", w.WellName) &&
-                                                 row.GetFieldValue("WellID", w.WellID); });
-  AppendDisplayNames(wells, names);
-  return ok;
-}
+  // ---- group-aware operations ----
 
-bool CBasicWellData::LoadWellsByIDs(const std::vector<std::string>& ids, std::vector<WellRecord>& records) {
-  CDbManage db(connectionString.c_str());
-  return petrodb::ForEachBatch(
-      ids, 10, [](const Fragment& list) { return Format("select * from w_well_data where WellID in ('%s')", list); },
-      [&](const std::string& statement) { return petrodb::SelectRecords(db, statement, records, ReadWell); });
-}
+  bool IsWellInGroup(const char* groupID, const char* wellID) override { return Exists(kMembership(groupID, wellID)); }
 
-bool CBasicWellData::LoadWell(const char* wellID, WellRecord& record) {
-  return LoadOneWell(Format("select * from w_well_data where WellID = '%s'", wellID), record);
-}
+  bool IsWellIDExist(const char* project, const char* wellID) override {
+    return Exists(kWellIDInProject(project, wellID));
+  }
 
-bool CBasicWellData::LoadWellsByNames(const std::vector<std::string>& names, std::vector<WellRecord>& records) {
-  records.clear();
-  CDbManage db(connectionString.c_str());
-  const petrodb::BatchRetry byID{"where WellName in", "where WellID in"};
-  return petrodb::ForEachBatch(
-      names, 10, [](const Fragment& list) { return Format("select * from w_well_data where WellName in ('%s')", list); },
-      [&](const std::string& statement) { return petrodb::SelectRecords(db, statement, records, ReadWell); }, &byID);
-}
+  bool IsWellNameInGroup(const char* project, const char* groupName, const char* wellName) override {
+    std::string wellID, groupID;
+    return LoadField(kWellNameInProject(project, wellName), "WellID", wellID) &&
+           LoadField(kGroupOfName(project, groupName), "GroupID", groupID) &&
+           IsWellInGroup(groupID.c_str(), wellID.c_str());
+  }
 
-bool CBasicWellData::LoadWellByName(const char* name, WellRecord& record) {
-  CDbManage db(connectionString.c_str());
-  auto found = db.GetDataFromDB(Format("select * from w_well_data where WellName = '%s'", name).c_str());
-  if (found == kNoRows) found = db.GetDataFromDB(Format("select * from w_well_data where WellID = '%s'", name).c_str());
-  return found == kRowsFound && ReadWell(db, record);
-}
+  bool IsWellNameExist(const char* project, const char* wellName) override {
+    return Exists(kWellNameInProject(project, wellName));
+  }
 
-bool CBasicWellData::GetGroupedWellIDs(std::vector<std::string>& ids) {
-  CDbManage db(connectionString.c_str());
-  return petrodb::AppendColumn(db, "select WellID from w_groupwell order by WellID", "WellID", ids);
-}
+  // The rows of each batch come in the engine's order; the wells are given in
+  // WellID order.
+  bool LoadGroupWells(const char* project, const char* groupID, std::vector<WellRecord>& records) override {
+    const bool ok = ForMembers(
+        groupID, [&](const sql::Fragment& list) { return kProjectWellsIn(project, list); }, records, ReadWell);
+    SortByWellID(records);
+    return ok;
+  }
 
-bool CBasicWellData::SaveWellsWithGroup(const char* project, const char* groupID,
-                                        const std::vector<WellRecord>& records) {
-  for (const auto& record : records)
-    if (!SaveWellWithGroup(project, groupID, record)) return false;
-  return true;
-}
+  bool LoadProjectWells(const char* project, std::vector<WellRecord>& records) override {
+    return LoadAll(kProjectWells(project), kWellColumns, records, Fill::Clear).ran();
+  }
 
-bool CBasicWellData::SaveWellWithGroup(const char* project, const char* groupID, const WellRecord& record) {
-  if (!SaveWell(project, record)) return false;
-  // The group's naming policy may already have taken the well in.
-  return IsWellInGroup(groupID, record.WellID.c_str()) || AddWellToGroup(groupID, record.WellID.c_str());
-}
+  bool GetGroupWellIDs(const char* project, const char* groupID, std::vector<std::string>& ids) override {
+    const bool ok = ForMembers(
+        groupID, [&](const sql::Fragment& list) { return kProjectWellIDsIn(project, list); }, ids, ReadWellID);
+    std::stable_sort(ids.begin(), ids.end());
+    return ok;
+  }
 
-bool CBasicWellData::SaveWells(const char* project, const std::vector<WellRecord>& records) {
-  for (const auto& record : records)
+  bool GetProjectWellIDs(const char* project, std::vector<std::string>& ids) override {
+    return ListColumn(kProjectWellIDs(project), "WellID", ids, Fill::Clear).ran();
+  }
+
+  bool GetGroupWellNames(const char* project, const char* groupName, std::vector<std::string>& names) override {
+    names.clear();
+    std::string groupID;
+    std::vector<WellRecord> wells;
+    if (!LoadField(kGroupOfName(project, groupName), "GroupID", groupID) ||
+        !LoadGroupWells(project, groupID.c_str(), wells))
+      return false;
+    AppendDisplayNames(wells, names);
+    return true;
+  }
+
+  bool GetProjectWellNames(const char* project, std::vector<std::string>& names) override {
+    return LoadRows(kProjectWellsInOrder(project), names, Fill::Clear, [](CDbManage& row, std::string& name) {
+             return ReadDisplayName(row, "WellName", "WellID", name);
+           }).ran();
+  }
+
+  bool LoadWellsByIDs(const std::vector<std::string>& ids, std::vector<WellRecord>& records) override {
+    records.clear();
+    return LoadInBatches(ids, 10, WellsByID, records, ReadWell);
+  }
+
+  bool LoadWell(const char* wellID, WellRecord& record) override {
+    return LoadOne(kWellByID(wellID), kWellColumns, record);
+  }
+
+  bool LoadWellsByNames(const std::vector<std::string>& names, std::vector<WellRecord>& records) override {
+    return LoadBatchesByNameOrID(
+        names, [](const sql::Fragment& list) { return kWellsByName(list); }, WellsByID, kWellColumns, records);
+  }
+
+  bool LoadWellByName(const char* name, WellRecord& record) override {
+    return LoadOneByNameOrID(kWellByName(name), kWellByID(name), Fallback::WhenNoRows, kWellColumns, record);
+  }
+
+  bool GetGroupedWellIDs(std::vector<std::string>& ids) override {
+    return ListColumn(kGroupedWellIDs(), "WellID", ids, Fill::Clear).ran();
+  }
+
+  bool SaveWellWithGroup(const char* project, const char* groupID, const WellRecord& record) override {
     if (!SaveWell(project, record)) return false;
-  return true;
-}
-
-bool CBasicWellData::SaveWell(const char* project, const WellRecord& record) {
-  if (!DeleteWell(project, record.WellID.c_str())) return false;
-  CDbManage db(connectionString.c_str());
-  db.BeginSaveData("w_well_data");
-  db.AddNew();
-  WriteWell(db, project, record);
-  if (!db.SaveData()) return false;
-  JoinGroupsByPolicy(db, project, record);
-  return true;
-}
-
-// A saved well joins every group of the project whose naming policy its ID
-// (policy 0) or name (positive policy) contains.
-void CBasicWellData::JoinGroupsByPolicy(CDbManage& db, const char* project, const WellRecord& record) {
-  const DataClassRecord* groupClass = petrodb::FindClassRecord("IWellGroupData");
-  if (!groupClass) return;
-  std::unique_ptr<IWellGroupData> groupData(static_cast<IWellGroupData*>(groupClass->createFunction()));
-  if (!groupData) return;
-  groupData->SetConnection(connectionString.c_str());
-  std::vector<WellGroupRecord> groups;
-  groupData->LoadProjectGroups(project, groups);
-  if (petrodb::TableMissing(db, "w_groupwell")) return;
-  db.BeginSaveData("w_groupwell");
-  for (const auto& group : groups) {
-    if (!PolicyTakes(group, record)) continue;
-    db.AddNew();
-    FieldWriter{db}("GroupID", group.GroupID)("WellID", record.WellID);
+    // The group's naming policy may already have taken the well in.
+    return IsWellInGroup(groupID, record.WellID.c_str()) || AddWellToGroup(groupID, record.WellID.c_str());
   }
-  db.SaveData();
-}
 
-bool CBasicWellData::DeleteProjectWells(const char* project) {
-  CDbManage db(connectionString.c_str());
-  if (!db.ExecuteSQL(Format("delete from w_well_data where ProjectName = '%s'", project).c_str())) return false;
-  return db.ExecuteSQL("delete from w_groupwell");
-}
-
-bool CBasicWellData::DeleteWells(const char* project, const std::vector<std::string>& ids) {
-  for (const auto& id : ids)
-    if (!DeleteWell(project, id.c_str())) return false;
-  return true;
-}
-
-bool CBasicWellData::DeleteWell(const char* project, const char* wellID) {
-  CDbManage db(connectionString.c_str());
-  if (!db.ExecuteSQL(
-          Format("delete from w_well_data where ProjectName = '%s' and WellID = '%s'", project, wellID).c_str()))
-    return false;
-  return db.ExecuteSQL(Format("delete from w_groupwell where WellID = '%s'", wellID).c_str());
-}
-
-bool CBasicWellData::AddWellsToGroup(const char* groupID, const std::vector<std::string>& ids) {
-  CDbManage db(connectionString.c_str());
-  db.BeginSaveData("w_groupwell");
-  for (const auto& id : ids) {
-    db.AddNew();
-    FieldWriter{db}("GroupID", groupID ? groupID : "")("WellID", id);
+  // Deletes the well in the project (row and memberships), writes the row,
+  // then joins it to the groups whose naming policy takes it.
+  bool SaveWell(const char* project, const WellRecord& record) override {
+    if (!ReplaceAfter(
+            kWriteWell, [&](CDbManage&) { return DeleteWell(project, record.WellID.c_str()); },
+            [&](CDbManage& db) { AddWellRow(db, project, record); }))
+      return false;
+    JoinGroupsByPolicy(project, record);
+    return true;
   }
-  return db.SaveData();
-}
 
-bool CBasicWellData::AddWellToGroup(const char* groupID, const char* wellID) {
-  return AddWellsToGroup(groupID, {wellID ? wellID : ""});
-}
-
-bool CBasicWellData::RemoveWellsFromGroup(const char* groupID, const std::vector<std::string>& ids) {
-  return Execute(Format("delete from w_groupwell where GroupID = '%s' and WellID in ('%s')", groupID,
-                        petrodb::sql::JoinQuotedValues(ids)));
-}
-
-bool CBasicWellData::RemoveWellFromGroup(const char* groupID, const char* wellID) {
-  return Execute(Format("delete from w_groupwell where GroupID = '%s' and WellID = '%s'", groupID, wellID));
-}
-
-bool CBasicWellData::ClearGroup(const char* groupID) {
-  return Execute(Format("delete from w_groupwell where GroupID = '%s'", groupID));
-}
-
-// ---- compact operations ----
-
-bool CBasicWellData::ListWellIDs(const char* project, std::vector<std::string>& ids) {
-  CDbManage db(connectionString.c_str());
-  return petrodb::AppendColumn(
-      db, Format("select WellID from w_well_data where ProjectName='%s'order by WellID", project), "WellID", ids);
-}
-
-bool CBasicWellData::LoadWellList(const char* idList, std::vector<WellRecord>& records) {
-  return LoadWells(Format("select * from w_well_data where WellID in (%s)", Raw{idList ? idList : ""}), records);
-}
-
-bool CBasicWellData::LoadWellRow(const char* wellID, WellRecord& record) {
-  return LoadOneWell(Format("select * from w_well_data where WellID='%s'", wellID), record);
-}
-
-bool CBasicWellData::LoadAllWells(const char* project, std::vector<WellRecord>& records) {
-  return LoadWells(Format("select * from w_well_data where ProjectName='%s'order by WellID", project), records);
-}
-
-bool CBasicWellData::WellExists(const char* wellID, const char* project) {
-  return Exists(Format("select WellID from  w_well_data where WellID='%s' and ProjectName='%s'", wellID, project));
-}
-
-bool CBasicWellData::ReplaceWell(const char* project, const WellRecord& record) {
-  if (record.WellID.empty()) {
-    AfxMessageBox("井号不能为空！");
-    return false;
+  bool DeleteProjectWells(const char* project) override {
+    return Execute(kDeleteProjectWells(project)) && Execute(kDeleteAllMemberships());
   }
-  CDbManage db(connectionString.c_str());
-  db.ExecuteSQL(Format("delete from  w_well_data where WellID='%s'", record.WellID).c_str());
-  db.BeginSaveData("w_well_data");
-  db.AddNew();
-  WriteWell(db, project, record);
-  return db.SaveData();
-}
 
-bool CBasicWellData::FilterExistingWells(const char* project, const std::vector<std::string>& ids,
-                                         std::vector<std::string>& found) {
-  if (ids.empty()) return true;
-  CDbManage db(connectionString.c_str());
-  return petrodb::AppendColumn(db,
-                               Format("select wellid from w_well_data where  ProjectName = '%s' and wellid in (%s)",
-                                      project, petrodb::sql::QuoteEach(ids, ",")),
-                               "wellid", found);
-}
-
-bool CBasicWellData::AppendWells(const char* project, const std::vector<WellRecord>& records) {
-  CDbManage db(connectionString.c_str());
-  db.BeginSaveData("w_well_data");
-  for (const auto& record : records) {
-    db.AddNew();
-    WriteWell(db, project, record);
+  bool DeleteWell(const char* project, const char* wellID) override {
+    return Execute(kDeleteWell(project, wellID)) && Execute(kDeleteMembershipsOf(wellID));
   }
-  return db.SaveData();
-}
 
-bool CBasicWellData::RemoveWell(const char* wellID, const char* project) {
-  return Execute(Format("delete from w_well_data where WellID='%s' and ProjectName='%s'", wellID, project));
-}
+  bool AddWellsToGroup(const char* groupID, const std::vector<std::string>& ids) override {
+    const std::string group = groupID ? groupID : "";
+    return Append(kMembershipColumns.table(), [&](CDbManage& db) {
+      for (const auto& id : ids) kMembershipColumns.AddRow(db, {group, id});
+    });
+  }
 
-bool CBasicWellData::RemoveWells(const char* idList, const char* project) {
-  return Execute(
-      Format("delete from  w_well_data where WellID in (%s) AND ProjectName='%s'", Raw{idList ? idList : ""}, project));
-}
+  bool RemoveWellsFromGroup(const char* groupID, const std::vector<std::string>& ids) override {
+    return Execute(kRemoveMembers(groupID, sql::JoinQuotedValues(ids)));
+  }
 
-bool CBasicWellData::RemoveProjectWells(const char* project) {
-  return Execute(Format("delete from  w_well_data where ProjectName='%s'", project));
-}
+  bool RemoveWellFromGroup(const char* groupID, const char* wellID) override {
+    return Execute(kRemoveMember(groupID, wellID));
+  }
+
+  bool ClearGroup(const char* groupID) override { return Execute(kClearGroup(groupID)); }
+
+  // ---- compact operations ----
+
+  bool ListWellIDs(const char* project, std::vector<std::string>& ids) override {
+    return ListColumn(kListWellIDs(project), "WellID", ids, Fill::Clear).ran();
+  }
+
+  bool LoadWellList(const char* idList, std::vector<WellRecord>& records) override {
+    return LoadAll(kWellsInList(sql::Raw{idList ? idList : ""}), kWellColumns, records, Fill::Clear).ran();
+  }
+
+  bool LoadWellRow(const char* wellID, WellRecord& record) override {
+    return LoadOne(kWellRow(wellID), kWellColumns, record);
+  }
+
+  bool LoadAllWells(const char* project, std::vector<WellRecord>& records) override {
+    return LoadAll(kAllWells(project), kWellColumns, records, Fill::Clear).ran();
+  }
+
+  bool WellExists(const char* wellID, const char* project) override { return Exists(kWellExists(wellID, project)); }
+
+  // Deletes the ID in every project, then writes the row for this one.
+  bool ReplaceWell(const char* project, const WellRecord& record) override {
+    if (!KeyGiven(record.WellID, AppMessage("井号不能为空！"))) return false;
+    return Replace(kWriteWell, kDeleteWellEverywhere(record.WellID),
+                   [&](CDbManage& db) { AddWellRow(db, project, record); });
+  }
+
+  bool FilterExistingWells(const char* project, const std::vector<std::string>& ids,
+                           std::vector<std::string>& found) override {
+    return ListColumn(kExistingWells(project, sql::QuoteEach(ids, ",")), "wellid", found, Fill::Clear).ran();
+  }
+
+  bool AppendWells(const char* project, const std::vector<WellRecord>& records) override {
+    return Append(kWellColumns.table(), [&](CDbManage& db) {
+      for (const auto& record : records) AddWellRow(db, project, record);
+    });
+  }
+
+  bool RemoveWell(const char* wellID, const char* project) override { return Execute(kRemoveWell(wellID, project)); }
+
+  bool RemoveWells(const char* idList, const char* project) override {
+    return Execute(kRemoveWells(sql::Raw{idList ? idList : ""}, project));
+  }
+
+  bool RemoveProjectWells(const char* project) override { return Execute(kRemoveProjectWells(project)); }
+  PETRODB_DATA_CLASS
+
+ private:
+  // The group's member IDs (in WellID order), then one select per batch of
+  // ten of them, made by `build`; `out` is cleared first. A group without
+  // members sends no second statement.
+  template <class Record, class BuildFn, class ReadFn>
+  bool ForMembers(const char* groupID, BuildFn&& build, std::vector<Record>& out, ReadFn&& read) const {
+    out.clear();
+    std::vector<std::string> members;
+    return ListColumn(kMembersOf(groupID), "WellID", members, Fill::Clear).ran() &&
+           LoadInBatches(members, 10, build, out, read);
+  }
+
+  // The display names of the wells with these IDs, in WellID order.
+  bool DisplayNamesOf(const std::vector<std::string>& ids, std::vector<std::string>& names) {
+    std::vector<WellRecord> wells;
+    if (!LoadWellsByIDs(ids, wells)) return false;
+    SortByWellID(wells);
+    AppendDisplayNames(wells, names);
+    return true;
+  }
+
+  // A saved well joins every group of the project whose naming policy its ID
+  // (policy 0) or name (positive policy) contains; nothing is written when
+  // w_groupwell is missing.
+  void JoinGroupsByPolicy(const char* project, const WellRecord& record) const {
+    const auto groupData = CreateObject<IWellGroupData>("IWellGroupData");
+    if (!groupData) return;
+    std::vector<WellGroupRecord> groups;
+    groupData->LoadProjectGroups(project, groups);
+    Save(kJoinGroups, [&](CDbManage& db) {
+      for (const auto& group : groups)
+        if (PolicyTakes(group, record)) kMembershipColumns.AddRow(db, {group.GroupID, record.WellID});
+    });
+  }
+};
+
+PETRODB_REGISTER_CLASS(CBasicWellData, IBasicWellData)

@@ -1,53 +1,44 @@
-#include "dbaccess/CodeTable.h"
 #include "petrodb/project/ISysConfig.h"
+#include "project/ProjectData.h"
 
-using petrodb::FieldReader;
-using petrodb::FieldWriter;
-using petrodb::sql::Format;
+using namespace petrodb;
 
-class CSysConfig final : public petrodb::CDataObject<ISysConfig> {
+namespace {
+
+constexpr Pattern<"select * from b_sys_config where ParamCode = '%s'"> kLoadParam;
+constexpr Pattern<"delete from b_sys_config where ParamCode = '%s'"> kDeleteParam;
+
+const ColumnTable<SysConfigRecord> kParamColumns{"b_sys_config", {
+    Col("ParamCode", &SysConfigRecord::ParamCode),
+    Col("ParamName", &SysConfigRecord::ParamName),
+    Col("ParamType", &SysConfigRecord::ParamType),
+    Col("Memo", &SysConfigRecord::Memo),
+    Col("Isactive", &SysConfigRecord::Isactive),
+}};
+
+constexpr CodeTable kParams = CodeTableOf("b_sys_config", "系统参数代码名不能为空！", "系统基本参数配置表为空！");
+
+}  // namespace
+
+class CSysConfig final : public ProjectDataObject<ISysConfig> {
  public:
-  bool LoadSysConfig(const char* paramCode, SysConfigRecord& record) override;
-  bool IsSysConfigExist(const char* paramCode) override;
-  bool SaveSysConfig(const SysConfigRecord& record) override;
-  bool DeleteSysConfig(const char* paramCode) override;
+  bool LoadSysConfig(const char* paramCode, SysConfigRecord& record) override {
+    return LoadOne(kLoadParam(paramCode), kParamColumns, record);
+  }
+
+  bool IsSysConfigExist(const char* paramCode) override {
+    return ExistsInTable(kParams.save.table, kLoadParam(paramCode));
+  }
+
+  bool SaveSysConfig(const SysConfigRecord& record) override {
+    const char* code = record.ParamCode.c_str();
+    return SaveCodeRow(kParams, code, [&] { return DeleteSysConfig(code); }, kParamColumns, record);
+  }
+
+  bool DeleteSysConfig(const char* paramCode) override {
+    return DeleteCodeRow(kParams, paramCode, kDeleteParam(paramCode));
+  }
   PETRODB_DATA_CLASS
 };
 
 PETRODB_REGISTER_CLASS(CSysConfig, ISysConfig)
-
-namespace {
-const petrodb::CodeTable kTable{"b_sys_config", "系统参数代码名不能为空！", "系统基本参数配置表为空！"};
-
-std::string SelectStatement(const char* code) {
-  return Format("select * from b_sys_config where ParamCode = '%s'", code);
-}
-}  // namespace
-
-bool CSysConfig::LoadSysConfig(const char* paramCode, SysConfigRecord& r) {
-  CDbManage db(connectionString.c_str());
-  if (db.GetDataFromDB(SelectStatement(paramCode).c_str()) != kRowsFound) return false;
-  return FieldReader{db}("ParamCode", r.ParamCode)("ParamName", r.ParamName)("ParamType", r.ParamType)(
-             "Memo", r.Memo)("Isactive", r.Isactive)
-      .ok();
-}
-
-bool CSysConfig::IsSysConfigExist(const char* paramCode) {
-  return petrodb::CodeRowExists(connectionString, kTable, SelectStatement(paramCode));
-}
-
-bool CSysConfig::SaveSysConfig(const SysConfigRecord& r) {
-  return petrodb::SaveCodeRow(
-      connectionString, kTable, r.ParamCode, [&] { return DeleteSysConfig(r.ParamCode.c_str()); },
-      [&](CDbManage& db) {
-        FieldWriter{db}("ParamCode", r.ParamCode)("ParamName", r.ParamName)("ParamType", r.ParamType)(
-            "Memo", r.Memo)("Isactive", r.Isactive);
-        return true;
-      });
-}
-
-bool CSysConfig::DeleteSysConfig(const char* paramCode) {
-  const std::string code = paramCode ? paramCode : "";
-  return petrodb::DeleteCodeRow(connectionString, kTable, code,
-                                Format("delete from b_sys_config where ParamCode = '%s'", code));
-}

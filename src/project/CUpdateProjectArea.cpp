@@ -1,21 +1,27 @@
 #include "dbaccess/DataObject.h"
 #include "petrodb/project/IUpdateProjectArea.h"
 
-using petrodb::sql::Format;
+using namespace petrodb;
 
-class CUpdateProjectArea final : public petrodb::CDataObject<IUpdateProjectArea> {
+namespace {
+
+constexpr Pattern<"update b_aoi_data set Xmin = %f, Xmax = %f, Ymin= %f, Ymax = %f where lcase(AOIName) = 'global' "
+                  "and ProjectName = '%s'">
+    kUpdateJet;
+constexpr Pattern<"update b_aoi_data set Xmin = %f, Xmax = %f, Ymin= %f, Ymax = %f where lower(AOIName) = 'global' "
+                  "and ProjectName = '%s'">
+    kUpdateServer;
+
+}  // namespace
+
+class CUpdateProjectArea final : public CDataObject<IUpdateProjectArea> {
  public:
-  bool UpdateProjectArea(const char* projectName, const ProjectRecord& project) override;
+  // The project's "global" area takes the project's map extent.
+  bool UpdateProjectArea(const char* projectName, const ProjectRecord& p) override {
+    return Execute(IsJet() ? kUpdateJet(p.EWmin, p.EWmax, p.SNmin, p.SNmax, projectName)
+                           : kUpdateServer(p.EWmin, p.EWmax, p.SNmin, p.SNmax, projectName));
+  }
   PETRODB_DATA_CLASS
 };
 
 PETRODB_REGISTER_CLASS(CUpdateProjectArea, IUpdateProjectArea)
-
-bool CUpdateProjectArea::UpdateProjectArea(const char* projectName, const ProjectRecord& p) {
-  const char* pattern = IsJet() ? "update b_aoi_data set Xmin = %f, Xmax = %f, Ymin= %f, Ymax = %f where "
-                                  "lcase(AOIName) = 'global' and ProjectName = '%s'"
-                                : "update b_aoi_data set Xmin = %f, Xmax = %f, Ymin= %f, Ymax = %f where "
-                                  "lower(AOIName) = 'global' and ProjectName = '%s'";
-  CDbManage db(connectionString.c_str());
-  return db.ExecuteSQL(Format(pattern, p.EWmin, p.EWmax, p.SNmin, p.SNmax, projectName).c_str());
-}

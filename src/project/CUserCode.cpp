@@ -1,52 +1,42 @@
-#include "dbaccess/CodeTable.h"
 #include "petrodb/project/IUserCode.h"
+#include "project/ProjectData.h"
 
-using petrodb::FieldReader;
-using petrodb::FieldWriter;
-using petrodb::sql::Format;
+using namespace petrodb;
 
-class CUserCode final : public petrodb::CDataObject<IUserCode> {
+namespace {
+
+// The existence test and the delete name the login column "UnitLogname".
+constexpr Pattern<"select * from b_user_code where UserLogname = '%s'"> kLoadUser;
+constexpr Pattern<"select * from b_user_code where UnitLogname = '%s'"> kUserExists;
+constexpr Pattern<"delete from b_user_code where UnitLogname = '%s'"> kDeleteUser;
+
+const ColumnTable<UserRecord> kUserColumns{"b_user_code", {
+    Col("UserLogname", &UserRecord::UserLogname),
+    Col("UserPwd", &UserRecord::UserPwd),
+    Col("UserName", &UserRecord::UserName),
+    Col("UserRights", &UserRecord::UserRights),
+    Col("UnitCode", &UserRecord::UnitCode),
+}};
+
+constexpr CodeTable kUsers = CodeTableOf("b_user_code", "用户登录名不能为空！", "用户代码表为空！");
+
+}  // namespace
+
+class CUserCode final : public ProjectDataObject<IUserCode> {
  public:
-  bool LoadUser(const char* logname, UserRecord& record) override;
-  bool IsUserExist(const char* logname) override;
-  bool SaveUser(const UserRecord& record) override;
-  bool DeleteUser(const char* logname) override;
+  bool LoadUser(const char* logname, UserRecord& record) override {
+    return LoadOne(kLoadUser(logname), kUserColumns, record);
+  }
+
+  bool IsUserExist(const char* logname) override { return ExistsInTable(kUsers.save.table, kUserExists(logname)); }
+
+  bool SaveUser(const UserRecord& record) override {
+    const char* logname = record.UserLogname.c_str();
+    return SaveCodeRow(kUsers, logname, [&] { return DeleteUser(logname); }, kUserColumns, record);
+  }
+
+  bool DeleteUser(const char* logname) override { return DeleteCodeRow(kUsers, logname, kDeleteUser(logname)); }
   PETRODB_DATA_CLASS
 };
 
 PETRODB_REGISTER_CLASS(CUserCode, IUserCode)
-
-namespace {
-const petrodb::CodeTable kTable{"b_user_code", "用户登录名不能为空！", "用户代码表为空！"};
-}  // namespace
-
-bool CUserCode::LoadUser(const char* logname, UserRecord& r) {
-  CDbManage db(connectionString.c_str());
-  if (db.GetDataFromDB(Format("select * from b_user_code where UserLogname = '%s'", logname).c_str()) != kRowsFound)
-    return false;
-  return FieldReader{db}("UserLogname", r.UserLogname)("UserPwd", r.UserPwd)("UserName", r.UserName)(
-             "UserRights", r.UserRights)("UnitCode", r.UnitCode)
-      .ok();
-}
-
-// The existence test and the delete match the login through "UnitLogname".
-bool CUserCode::IsUserExist(const char* logname) {
-  return petrodb::CodeRowExists(connectionString, kTable,
-                                Format("select * from b_user_code where UnitLogname = '%s'", logname));
-}
-
-bool CUserCode::SaveUser(const UserRecord& r) {
-  return petrodb::SaveCodeRow(
-      connectionString, kTable, r.UserLogname, [&] { return DeleteUser(r.UserLogname.c_str()); },
-      [&](CDbManage& db) {
-        FieldWriter{db}("UserLogname", r.UserLogname)("UserPwd", r.UserPwd)("UserName", r.UserName)(
-            "UserRights", r.UserRights)("UnitCode", r.UnitCode);
-        return true;
-      });
-}
-
-bool CUserCode::DeleteUser(const char* logname) {
-  const std::string name = logname ? logname : "";
-  return petrodb::DeleteCodeRow(connectionString, kTable, name,
-                                Format("delete from b_user_code where UnitLogname = '%s'", name));
-}

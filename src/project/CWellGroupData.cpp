@@ -1,216 +1,165 @@
-#include "dbaccess/RecordLists.h"
 #include "petrodb/project/IWellGroupData.h"
+#include "project/ProjectData.h"
 
-using petrodb::FieldReader;
-using petrodb::FieldWriter;
-using petrodb::sql::Format;
-using petrodb::sql::Fragment;
-
-class CWellGroupData final : public petrodb::CDataObject<IWellGroupData> {
- public:
-  int GetGroupCount(const char* project) override;
-  bool IsGroupNameExist(const std::string& project, const std::string& groupName) override;
-  bool HasGroups(const char* project) override;
-  bool IsGroupIDExist(const char* project, const char* groupID) override;
-  bool IsGroupNameExist(const char* project, const char* groupName) override;
-  bool LoadProjectGroups(const char* project, std::vector<WellGroupRecord>& records) override;
-  bool GetGroupIDs(const char* project, std::vector<std::string>& ids) override;
-  bool GetGroupNames(const char* project, std::vector<std::string>& names) override;
-  bool LoadGroupsByIDs(const std::vector<std::string>& ids, std::vector<WellGroupRecord>& records) override;
-  bool LoadGroup(const char* groupID, WellGroupRecord& record) override;
-  bool LoadGroupsByNames(const std::vector<std::string>& names, std::vector<WellGroupRecord>& records) override;
-  bool LoadGroupByName(const char* name, WellGroupRecord& record) override;
-  bool SaveGroups(const char* project, const std::vector<WellGroupRecord>& records,
-                  const std::vector<std::vector<std::string>>& members) override;
-  bool SaveGroup(const char* project, const WellGroupRecord& record, const std::vector<std::string>& wellIDs) override;
-  bool DeleteGroupRecords(const char* project, const std::vector<WellGroupRecord>& records) override;
-  bool SaveGroup(const std::string& project, const WellGroupRecord& record) override;
-  bool DeleteProjectGroups(const char* project) override;
-  bool DeleteGroups(const char* project, const std::vector<std::string>& ids) override;
-  bool DeleteGroup(const char* project, const char* groupID) override;
-  bool DeleteGroupsByNames(const char* project, const std::vector<std::string>& names) override;
-  bool DeleteGroupByName(const char* project, const char* name) override;
-  PETRODB_DATA_CLASS
-
- private:
-  bool Exists(const std::string& statement);
-  bool LoadBatched(const char* pattern, const std::vector<std::string>& values, std::vector<WellGroupRecord>& records,
-                   const petrodb::BatchRetry* retry);
-  bool DeleteOne(CDbManage& db, const char* project, const std::string& groupID);
-};
-
-PETRODB_REGISTER_CLASS(CWellGroupData, IWellGroupData)
+using namespace petrodb;
 
 namespace {
 
-bool ReadGroup(CDbManage& db, WellGroupRecord& g) {
-  return FieldReader{db}("GroupID", g.GroupID)("GroupName", g.GroupName)("GroupPolicy", g.GroupPolicy)(
-             "WellIDPolicy", g.WellIDPolicy)("WellNamePolicy", g.WellNamePolicy)
-      .ok();
-}
+constexpr Pattern<"select GroupID from w_wellgroup where ProjectName = '%s' and GroupID = '%s'"> kGroupIDExists;
+constexpr Pattern<"select GroupID from w_wellgroup where ProjectName = '%s' and GroupName = '%s'"> kGroupNameExists;
+constexpr Pattern<"select * from w_wellgroup where ProjectName = '%s'"> kProjectGroups;
+constexpr Pattern<"select GroupID from w_wellgroup where ProjectName = '%s' order by GroupID"> kGroupIDs;
+constexpr Pattern<"select * from w_wellgroup where ProjectName = '%s' order by GroupID"> kGroupsInOrder;
+constexpr Pattern<"select * from w_wellgroup where GroupID in ('%s')"> kGroupsByID;
+constexpr Pattern<"select * from w_wellgroup where GroupID = '%s'"> kGroupByID;
+constexpr Pattern<"select * from w_wellgroup where GroupName in ('%s')"> kGroupsByName;
+constexpr Pattern<"select * from w_wellgroup where GroupName = '%s'"> kGroupByName;
+constexpr Pattern<"delete from w_wellgroup where ProjectName = '%s' and GroupID = '%s'"> kDeleteGroup;
+constexpr Pattern<"delete from w_groupwell where GroupID = '%s'"> kDeleteMembers;
+constexpr Pattern<"delete from w_wellgroup where ProjectName = '%s'"> kDeleteProjectGroups;
+constexpr Pattern<"delete from w_groupwell"> kDeleteAllMembers;
 
-std::vector<std::string> IDsOf(const std::vector<WellGroupRecord>& records) {
-  std::vector<std::string> ids;
-  for (const auto& r : records) ids.push_back(r.GroupID);
-  return ids;
-}
+// The row's ProjectName is the operation's argument.
+const ColumnTable<WellGroupRecord> kGroupColumns{"w_wellgroup", {
+    Col("GroupID", &WellGroupRecord::GroupID),
+    Col("GroupName", &WellGroupRecord::GroupName),
+    Col("GroupPolicy", &WellGroupRecord::GroupPolicy),
+    Col("WellIDPolicy", &WellGroupRecord::WellIDPolicy),
+    Col("WellNamePolicy", &WellGroupRecord::WellNamePolicy),
+}};
+
+const ReplaceSteps kSaveGroups{"w_wellgroup"};
+
+std::string Text(const char* s) { return s ? s : ""; }
 
 }  // namespace
 
-bool CWellGroupData::Exists(const std::string& statement) {
-  CDbManage db(connectionString.c_str());
-  return db.GetDataFromDB(statement.c_str()) == kRowsFound;
-}
+class CWellGroupData final : public ProjectDataObject<IWellGroupData> {
+ public:
+  // ---- convenience forms ----
 
-bool CWellGroupData::LoadBatched(const char* pattern, const std::vector<std::string>& values,
-                                 std::vector<WellGroupRecord>& records, const petrodb::BatchRetry* retry) {
-  CDbManage db(connectionString.c_str());
-  return petrodb::ForEachBatch(
-      values, 10, [pattern](const Fragment& list) { return Format(pattern, list); },
-      [&](const std::string& statement) { return petrodb::SelectRecords(db, statement, records, ReadGroup); }, retry);
-}
-
-// The group's row and its membership rows.
-bool CWellGroupData::DeleteOne(CDbManage& db, const char* project, const std::string& groupID) {
-  return db.ExecuteSQL(
-             Format("delete from w_wellgroup where ProjectName = '%s' and GroupID = '%s'", project, groupID).c_str()) &&
-         db.ExecuteSQL(Format("delete from w_groupwell where GroupID = '%s'", groupID).c_str());
-}
-
-// ---- convenience forms ----
-
-int CWellGroupData::GetGroupCount(const char* project) {
-  std::vector<std::string> ids;
-  return GetGroupIDs(project, ids) ? static_cast<int>(ids.size()) : 0;
-}
-
-bool CWellGroupData::IsGroupNameExist(const std::string& project, const std::string& groupName) {
-  return IsGroupNameExist(project.c_str(), groupName.c_str());
-}
-
-bool CWellGroupData::HasGroups(const char* project) { return GetGroupCount(project) > 0; }
-
-bool CWellGroupData::DeleteGroupRecords(const char* project, const std::vector<WellGroupRecord>& records) {
-  return DeleteGroups(project, IDsOf(records));
-}
-
-bool CWellGroupData::SaveGroup(const std::string& project, const WellGroupRecord& record) {
-  return SaveGroup(project.c_str(), record, {});
-}
-
-bool CWellGroupData::DeleteGroupsByNames(const char* project, const std::vector<std::string>& names) {
-  std::vector<WellGroupRecord> groups;
-  return LoadGroupsByNames(names, groups) && DeleteGroupRecords(project, groups);
-}
-
-bool CWellGroupData::DeleteGroupByName(const char* project, const char* name) {
-  WellGroupRecord group;
-  return LoadGroupByName(name, group) && DeleteGroup(project, group.GroupID.c_str());
-}
-
-// ---- full operations ----
-
-bool CWellGroupData::IsGroupIDExist(const char* project, const char* groupID) {
-  return Exists(
-      Format("select GroupID from w_wellgroup where ProjectName = '%s' and GroupID = '%s'", project, groupID));
-}
-
-bool CWellGroupData::IsGroupNameExist(const char* project, const char* groupName) {
-  return Exists(
-      Format("select GroupID from w_wellgroup where ProjectName = '%s' and GroupName = '%s'", project, groupName));
-}
-
-bool CWellGroupData::LoadProjectGroups(const char* project, std::vector<WellGroupRecord>& records) {
-  CDbManage db(connectionString.c_str());
-  return petrodb::AppendRecords(db, Format("select * from w_wellgroup where ProjectName = '%s'", project), records,
-                                ReadGroup);
-}
-
-bool CWellGroupData::GetGroupIDs(const char* project, std::vector<std::string>& ids) {
-  CDbManage db(connectionString.c_str());
-  return petrodb::AppendColumn(
-      db, Format("select GroupID from w_wellgroup where ProjectName = '%s' order by GroupID", project), "GroupID", ids);
-}
-
-bool CWellGroupData::GetGroupNames(const char* project, std::vector<std::string>& names) {
-  CDbManage db(connectionString.c_str());
-  return petrodb::AppendRecords(
-      db, Format("select * from w_wellgroup where ProjectName = '%s' order by GroupID", project), names,
-      [](CDbManage& row, std::string& name) {
-        std::string id;
-        if (!row.GetFieldValue("GroupName", name) || !row.GetFieldValue("GroupID", id)) return false;
-        if (name.empty()) name = id;
-        return true;
-      });
-}
-
-bool CWellGroupData::LoadGroupsByIDs(const std::vector<std::string>& ids, std::vector<WellGroupRecord>& records) {
-  return LoadBatched("select * from w_wellgroup where GroupID in ('%s')", ids, records, nullptr);
-}
-
-bool CWellGroupData::LoadGroup(const char* groupID, WellGroupRecord& record) {
-  CDbManage db(connectionString.c_str());
-  return db.GetDataFromDB(Format("select * from w_wellgroup where GroupID = '%s'", groupID).c_str()) == kRowsFound &&
-         ReadGroup(db, record);
-}
-
-bool CWellGroupData::LoadGroupsByNames(const std::vector<std::string>& names, std::vector<WellGroupRecord>& records) {
-  const petrodb::BatchRetry byID{"where GroupName in", "where GroupID in"};
-  return LoadBatched("select * from w_wellgroup where GroupName in ('%s')", names, records, &byID);
-}
-
-bool CWellGroupData::LoadGroupByName(const char* name, WellGroupRecord& record) {
-  CDbManage db(connectionString.c_str());
-  auto found = db.GetDataFromDB(Format("select * from w_wellgroup where GroupName = '%s'", name).c_str());
-  if (found != kRowsFound)
-    found = db.GetDataFromDB(Format("select * from w_wellgroup where GroupID = '%s'", name).c_str());
-  return found == kRowsFound && ReadGroup(db, record);
-}
-
-bool CWellGroupData::SaveGroups(const char* project, const std::vector<WellGroupRecord>& records,
-                                const std::vector<std::vector<std::string>>& members) {
-  for (const auto& record : records)
-    if (record.GroupID.empty()) return false;
-  CDbManage db(connectionString.c_str());
-  if (petrodb::TableMissing(db, "w_wellgroup")) return false;
-  for (const auto& record : records)
-    if (!DeleteOne(db, project, record.GroupID)) return false;
-  db.BeginSaveData("w_wellgroup");
-  for (const auto& g : records) {
-    db.AddNew();
-    FieldWriter{db}("ProjectName", project ? project : "")("GroupID", g.GroupID)("GroupName", g.GroupName)(
-        "GroupPolicy", g.GroupPolicy)("WellIDPolicy", g.WellIDPolicy)("WellNamePolicy", g.WellNamePolicy);
+  int GetGroupCount(const char* project) override {
+    std::vector<std::string> ids;
+    return GetGroupIDs(project, ids) ? static_cast<int>(ids.size()) : 0;
   }
-  if (!db.SaveData()) return false;
-  db.BeginSaveData("w_groupwell");
-  for (std::size_t i = 0; i < records.size() && i < members.size(); ++i)
-    for (const auto& wellID : members[i]) {
-      db.AddNew();
-      FieldWriter{db}("GroupID", records[i].GroupID)("WellID", wellID);
-    }
-  return db.SaveData();
-}
 
-bool CWellGroupData::SaveGroup(const char* project, const WellGroupRecord& record,
-                               const std::vector<std::string>& wellIDs) {
-  return SaveGroups(project, {record}, {wellIDs});
-}
+  bool IsGroupNameExist(const std::string& project, const std::string& groupName) override {
+    return IsGroupNameExist(project.c_str(), groupName.c_str());
+  }
 
-bool CWellGroupData::DeleteProjectGroups(const char* project) {
-  CDbManage db(connectionString.c_str());
-  if (!db.ExecuteSQL(Format("delete from w_wellgroup where ProjectName = '%s'", project).c_str())) return false;
-  return db.ExecuteSQL("delete from w_groupwell");
-}
+  bool HasGroups(const char* project) override { return GetGroupCount(project) > 0; }
 
-bool CWellGroupData::DeleteGroups(const char* project, const std::vector<std::string>& ids) {
-  CDbManage db(connectionString.c_str());
-  for (const auto& id : ids)
-    if (!DeleteOne(db, project, id)) return false;
-  return true;
-}
+  bool DeleteGroupRecords(const char* project, const std::vector<WellGroupRecord>& records) override {
+    std::vector<std::string> ids;
+    for (const auto& r : records) ids.push_back(r.GroupID);
+    return DeleteGroups(project, ids);
+  }
 
-bool CWellGroupData::DeleteGroup(const char* project, const char* groupID) {
-  if (!IsGroupIDExist(project, groupID)) return false;
-  CDbManage db(connectionString.c_str());
-  return DeleteOne(db, project, groupID ? groupID : "");
-}
+  bool SaveGroup(const std::string& project, const WellGroupRecord& record) override {
+    return SaveGroup(project.c_str(), record, {});
+  }
+
+  bool DeleteGroupsByNames(const char* project, const std::vector<std::string>& names) override {
+    std::vector<WellGroupRecord> groups;
+    return LoadGroupsByNames(names, groups) && DeleteGroupRecords(project, groups);
+  }
+
+  bool DeleteGroupByName(const char* project, const char* name) override {
+    WellGroupRecord group;
+    return LoadGroupByName(name, group) && DeleteGroup(project, group.GroupID.c_str());
+  }
+
+  bool SaveGroup(const char* project, const WellGroupRecord& record, const std::vector<std::string>& wellIDs) override {
+    return SaveGroups(project, {record}, {wellIDs});
+  }
+
+  // ---- full operations ----
+
+  bool IsGroupIDExist(const char* project, const char* groupID) override {
+    return Exists(kGroupIDExists(project, groupID));
+  }
+
+  bool IsGroupNameExist(const char* project, const char* groupName) override {
+    return Exists(kGroupNameExists(project, groupName));
+  }
+
+  bool LoadProjectGroups(const char* project, std::vector<WellGroupRecord>& records) override {
+    return LoadAll(kProjectGroups(project), kGroupColumns, records, Fill::Clear).ran();
+  }
+
+  bool GetGroupIDs(const char* project, std::vector<std::string>& ids) override {
+    return ListColumn(kGroupIDs(project), "GroupID", ids, Fill::Clear).ran();
+  }
+
+  bool GetGroupNames(const char* project, std::vector<std::string>& names) override {
+    return LoadRows(kGroupsInOrder(project), names, Fill::Clear, [](CDbManage& row, std::string& name) {
+             return ReadDisplayName(row, "GroupName", "GroupID", name);
+           }).ran();
+  }
+
+  bool LoadGroupsByIDs(const std::vector<std::string>& ids, std::vector<WellGroupRecord>& records) override {
+    records.clear();
+    return LoadInBatches(
+        ids, 10, [](const sql::Fragment& list) { return kGroupsByID(list); }, records,
+        [](CDbManage& row, WellGroupRecord& r) { return kGroupColumns.Read(row, r); });
+  }
+
+  bool LoadGroup(const char* groupID, WellGroupRecord& record) override {
+    return LoadOne(kGroupByID(groupID), kGroupColumns, record);
+  }
+
+  bool LoadGroupsByNames(const std::vector<std::string>& names, std::vector<WellGroupRecord>& records) override {
+    return LoadBatchesByNameOrID(
+        names, [](const sql::Fragment& list) { return kGroupsByName(list); },
+        [](const sql::Fragment& list) { return kGroupsByID(list); }, kGroupColumns, records);
+  }
+
+  bool LoadGroupByName(const char* name, WellGroupRecord& record) override {
+    return LoadOneByNameOrID(kGroupByName(name), kGroupByID(name), Fallback::UnlessFound, kGroupColumns, record);
+  }
+
+  // Each group's row and members are deleted first (a delete that fails ends
+  // the save before anything is written); then the rows, then the members.
+  bool SaveGroups(const char* project, const std::vector<WellGroupRecord>& records,
+                  const std::vector<std::vector<std::string>>& members) override {
+    for (const auto& record : records)
+      if (record.GroupID.empty()) return false;
+    const bool saved = ReplaceAfter(
+        kSaveGroups,
+        [&](CDbManage&) {
+          for (const auto& record : records)
+            if (!DeleteOne(project, record.GroupID)) return false;
+          return true;
+        },
+        [&](CDbManage& db) {
+          for (const auto& g : records) AddKeyedRow(db, "ProjectName", Text(project), kGroupColumns, g);
+        });
+    return saved && Append(kMembershipColumns.table(), [&](CDbManage& db) {
+             for (std::size_t i = 0; i < records.size() && i < members.size(); ++i)
+               for (const auto& wellID : members[i]) kMembershipColumns.AddRow(db, {records[i].GroupID, wellID});
+           });
+  }
+
+  bool DeleteProjectGroups(const char* project) override {
+    return Execute(kDeleteProjectGroups(project)) && Execute(kDeleteAllMembers());
+  }
+
+  bool DeleteGroups(const char* project, const std::vector<std::string>& ids) override {
+    for (const auto& id : ids)
+      if (!DeleteOne(project, id)) return false;
+    return true;
+  }
+
+  bool DeleteGroup(const char* project, const char* groupID) override {
+    return IsGroupIDExist(project, groupID) && DeleteOne(project, Text(groupID));
+  }
+  PETRODB_DATA_CLASS
+
+ private:
+  // The group's row and its membership rows.
+  bool DeleteOne(const char* project, const std::string& groupID) const {
+    return Execute(kDeleteGroup(project, groupID)) && Execute(kDeleteMembers(groupID));
+  }
+};
+
+PETRODB_REGISTER_CLASS(CWellGroupData, IWellGroupData)

@@ -1,57 +1,44 @@
 #include "dbaccess/DataObject.h"
-#include "dbaccess/RecordLists.h"
-#include "dbaccess/TableStatements.h"
 #include "petrodb/welllog/ICurveDictionary.h"
+#include "welllog/WellLogCommon.h"
 
-using petrodb::AfxMessageBox;
-using petrodb::FieldReader;
-using petrodb::FieldWriter;
-using petrodb::ForEachRow;
-using petrodb::sql::Format;
-using petrodb::sql::QuoteEach;
-
-class CCurveDictionary final : public petrodb::CDataObject<ICurveDictionary> {
- public:
-  bool GetCurveNames(std::vector<std::string>& names) override;
-  bool GetDisplayNames(std::vector<std::string>& names) override;
-  bool LoadTemplate(const char* curveName, CurveTemplate& entry) override;
-  bool LoadTemplateByAlias(const char* name, CurveTemplate& entry) override;
-  bool LoadAllTemplates(std::vector<CurveTemplate>& entries) override;
-  bool IsTemplateExist(const char* curveName) override;
-  bool SaveTemplate(const CurveTemplate& entry) override;
-  bool SaveTemplates(int ignored, const std::vector<CurveTemplate>& entries) override;
-  bool DeleteTemplate(const char* curveName) override;
-  bool DeleteTemplates(std::vector<std::string> names) override;
-  bool DeleteAllTemplates(const char* projectName) override;
-  PETRODB_DATA_CLASS
-
- private:
-  bool ReadNames(const char* statement, const char* column, std::vector<std::string>& names);
-};
-
-PETRODB_REGISTER_CLASS(CCurveDictionary, ICurveDictionary)
+using namespace petrodb;
+using welllog::Given;
 
 namespace {
 
-// The eight fields after the name.
-bool ReadDisplay(CDbManage& row, CurveTemplate& e) {
-  FieldReader in(row);
-  in("DisplayName", e.DisplayName)("CurveUnit", e.CurveUnit)("LeftValue", e.LeftValue)("RightValue", e.RightValue)(
-      "CurveType", e.CurveType)("Color", e.Color)("CurveWidth", e.CurveWidth)("CoorType", e.CoorType);
-  return in.ok();
-}
+constexpr Pattern<"select distinct CurveName from w_curve_dictionary order by w_curve_dictionary.curvename">
+    kCurveNames;
+constexpr Pattern<"select distinct DisplayName from w_curve_dictionary"> kDisplayNames;
+constexpr Pattern<"select * from w_curve_dictionary where CurveName='%s'"> kSelectTemplate;
+constexpr Pattern<"select * from w_curve_dictionary where CurveName in (select all distinct CurveName from "
+                  "w_curvealias_data where CurveAlias = '%s') or CurveName = '%s'">
+    kSelectByAlias;
+constexpr Pattern<"select * from w_curve_dictionary"> kSelectAll;
+constexpr Pattern<"select * from  w_curve_dictionary where CurveName='%s'"> kTemplateExists;
+constexpr Pattern<"delete from  w_curve_dictionary where CurveName='%s'"> kReplaceTemplate;
+constexpr Pattern<"delete from w_curve_dictionary where CurveName='%s'"> kDeleteTemplate;
+constexpr Pattern<"delete from  w_curve_dictionary where CurveName in (%s)"> kDeleteTemplates;
+constexpr Pattern<"delete * from w_curve_dictionary "> kDeleteAll;
 
-bool ReadAll(CDbManage& row, CurveTemplate& e) {
-  return row.GetFieldValue("CurveName", e.CurveName) && ReadDisplay(row, e);
-}
+constexpr const char* kTable = "w_curve_dictionary";
 
-void WriteRow(CDbManage& db, const CurveTemplate& e) {
-  db.AddNew();
-  FieldWriter out(db);
-  out("CurveName", e.CurveName)("DisplayName", e.DisplayName)("CurveUnit", e.CurveUnit)("LeftValue", e.LeftValue)(
-      "RightValue", e.RightValue)("CurveType", e.CurveType)("Color", e.Color)("CurveWidth", e.CurveWidth)("CoorType",
-                                                                                                          e.CoorType);
-}
+const ColumnTable<CurveTemplate> kTemplateColumns{kTable, {
+    Col("CurveName", &CurveTemplate::CurveName),
+    Col("DisplayName", &CurveTemplate::DisplayName),
+    Col("CurveUnit", &CurveTemplate::CurveUnit),
+    Col("LeftValue", &CurveTemplate::LeftValue),
+    Col("RightValue", &CurveTemplate::RightValue),
+    Col("CurveType", &CurveTemplate::CurveType),
+    Col("Color", &CurveTemplate::Color),
+    Col("CurveWidth", &CurveTemplate::CurveWidth),
+    Col("CoorType", &CurveTemplate::CoorType),
+}};
+
+const ReplaceSteps kSaveOne{kTable};
+const ReplaceSteps kSaveAfterDelete{kTable, Probe::AfterDelete};
+
+constexpr Message kEmptyCurve = AppMessage("曲线名称不能为空！");
 
 std::vector<std::string> Names(const std::vector<CurveTemplate>& entries) {
   std::vector<std::string> names;
@@ -61,84 +48,59 @@ std::vector<std::string> Names(const std::vector<CurveTemplate>& entries) {
 
 }  // namespace
 
-bool CCurveDictionary::ReadNames(const char* statement, const char* column, std::vector<std::string>& names) {
-  CDbManage db(connectionString.c_str());
-  return petrodb::SelectColumn(db, statement, column, names) == kRowsFound;
-}
+class CCurveDictionary final : public CDataObject<ICurveDictionary> {
+ public:
+  bool GetCurveNames(std::vector<std::string>& names) override {
+    return ListColumn(kCurveNames(), "CurveName", names, Fill::Clear).found();
+  }
 
-bool CCurveDictionary::GetCurveNames(std::vector<std::string>& names) {
-  names.clear();
-  return ReadNames("select distinct CurveName from w_curve_dictionary order by w_curve_dictionary.curvename",
-                   "CurveName", names);
-}
+  bool GetDisplayNames(std::vector<std::string>& names) override {
+    return ListColumn(kDisplayNames(), "DisplayName", names, Fill::Clear).found();
+  }
 
-bool CCurveDictionary::GetDisplayNames(std::vector<std::string>& names) {
-  names.clear();
-  return ReadNames("select distinct DisplayName from w_curve_dictionary", "DisplayName", names);
-}
+  bool LoadTemplate(const char* curveName, CurveTemplate& entry) override {
+    if (!LoadOne(kSelectTemplate(curveName), kTemplateColumns, entry)) return false;
+    entry.CurveName = curveName;  // the key as the caller spells it
+    return true;
+  }
 
-bool CCurveDictionary::LoadTemplate(const char* curveName, CurveTemplate& entry) {
-  CDbManage db(connectionString.c_str());
-  if (db.GetDataFromDB(Format("select * from w_curve_dictionary where CurveName='%s'", curveName).c_str()) !=
-      kRowsFound)
-    return false;
-  entry.CurveName = curveName;
-  return ReadDisplay(db, entry);
-}
+  bool LoadTemplateByAlias(const char* name, CurveTemplate& entry) override {
+    return LoadOne(kSelectByAlias(name, name), kTemplateColumns, entry);
+  }
 
-bool CCurveDictionary::LoadTemplateByAlias(const char* name, CurveTemplate& entry) {
-  CDbManage db(connectionString.c_str());
-  if (db.GetDataFromDB(Format("select * from w_curve_dictionary where CurveName in (select all distinct CurveName "
-                              "from w_curvealias_data where CurveAlias = '%s') or CurveName = '%s'",
-                              name, name)
-                           .c_str()) != kRowsFound)
-    return false;
-  return ReadAll(db, entry);
-}
+  bool LoadAllTemplates(std::vector<CurveTemplate>& entries) override {
+    return LoadAll(kSelectAll(), kTemplateColumns, entries, Fill::Clear).found();
+  }
 
-bool CCurveDictionary::LoadAllTemplates(std::vector<CurveTemplate>& entries) {
-  entries.clear();
-  CDbManage db(connectionString.c_str());
-  return petrodb::SelectRecords(db, "select * from w_curve_dictionary", entries, ReadAll) == kRowsFound;
-}
+  bool IsTemplateExist(const char* curveName) override { return Exists(kTemplateExists(curveName)); }
 
-bool CCurveDictionary::IsTemplateExist(const char* curveName) {
-  CDbManage db(connectionString.c_str());
-  return db.GetDataFromDB(Format("select * from  w_curve_dictionary where CurveName='%s'", curveName).c_str()) ==
-         kRowsFound;
-}
+  bool SaveTemplate(const CurveTemplate& entry) override {
+    return Replace(kSaveOne, kReplaceTemplate(entry.CurveName),
+                   [&](CDbManage& db) { kTemplateColumns.AddRow(db, entry); });
+  }
 
-bool CCurveDictionary::SaveTemplate(const CurveTemplate& entry) {
-  CDbManage db(connectionString.c_str());
-  if (petrodb::TableMissing(db, "w_curve_dictionary")) return false;
-  db.ExecuteSQL(Format("delete from  w_curve_dictionary where CurveName='%s'", entry.CurveName).c_str());
-  db.BeginSaveData("w_curve_dictionary");
-  WriteRow(db, entry);
-  return db.SaveData();
-}
+  // The names go through DeleteTemplates, whose result is not looked at; a name
+  // that cannot be spliced fails the save before anything is deleted.
+  bool SaveTemplates(int, const std::vector<CurveTemplate>& entries) override {
+    const auto names = Names(entries);
+    if (kDeleteTemplates(sql::QuoteEach(names)).refused()) return false;
+    return ReplaceAfter(kSaveAfterDelete, welllog::Regardless([&] { DeleteTemplates(names); }),
+                        [&](CDbManage& db) { kTemplateColumns.AddRows(db, entries); });
+  }
 
-bool CCurveDictionary::SaveTemplates(int, const std::vector<CurveTemplate>& entries) {
-  DeleteTemplates(Names(entries));
-  CDbManage db(connectionString.c_str());
-  if (petrodb::TableMissing(db, "w_curve_dictionary")) return false;
-  db.BeginSaveData("w_curve_dictionary");
-  for (const auto& e : entries) WriteRow(db, e);
-  return db.SaveData();
-}
+  bool DeleteTemplate(const char* curveName) override {
+    return Given(curveName, kEmptyCurve) && ExecuteOnTable(kTable, kDeleteTemplate(curveName));
+  }
 
-bool CCurveDictionary::DeleteTemplate(const char* curveName) {
-  return petrodb::KeyGiven(curveName, "曲线名称不能为空！") &&
-         petrodb::ExecuteOnTable(connectionString, "w_curve_dictionary",
-                                 Format("delete from w_curve_dictionary where CurveName='%s'", curveName));
-}
+  bool DeleteTemplates(std::vector<std::string> names) override {
+    return ExecuteOnTable(kTable, kDeleteTemplates(sql::QuoteEach(names)));
+  }
 
-bool CCurveDictionary::DeleteTemplates(std::vector<std::string> names) {
-  return petrodb::ExecuteOnTable(connectionString, "w_curve_dictionary",
-                                 Format("delete from  w_curve_dictionary where CurveName in (%s)", QuoteEach(names)));
-}
-
-bool CCurveDictionary::DeleteAllTemplates(const char* projectName) {
   // The project is only checked for being given: the dictionary is global.
-  return petrodb::KeyGiven(projectName, "工区名称不能为空！") &&
-         petrodb::ExecuteOnTable(connectionString, "w_curve_dictionary", "delete * from w_curve_dictionary ");
-}
+  bool DeleteAllTemplates(const char* projectName) override {
+    return Given(projectName, welllog::kEmptyProject) && ExecuteOnTable(kTable, kDeleteAll());
+  }
+  PETRODB_DATA_CLASS
+};
+
+PETRODB_REGISTER_CLASS(CCurveDictionary, ICurveDictionary)

@@ -3,17 +3,13 @@
 #include <set>
 
 #include "dbaccess/DataObject.h"
-#include "dbaccess/RecordLists.h"
-#include "dbaccess/TableStatements.h"
 #include "petrodb/welllog/ILogData.h"
+#include "welllog/WellLogCommon.h"
 
-using petrodb::AfxMessageBox;
-using petrodb::FieldReader;
-using petrodb::FieldWriter;
-using petrodb::ForEachRow;
-using petrodb::sql::Format;
-using petrodb::sql::Fragment;
-using petrodb::sql::QuoteEach;
+using namespace petrodb;
+using welllog::Given;
+using welllog::kEmptyProject;
+using welllog::kEmptyWell;
 
 // ---- WellLog: links stay inside the record's own list ----
 
@@ -51,56 +47,81 @@ void WellLog::Link(const std::vector<std::string>& depthNames) {
   }
 }
 
-class CLogData final : public petrodb::CDataObject<ILogData> {
- public:
-  bool GetAllCurveNames(std::vector<std::string>& names) override;
-  bool GetLoggedWellIDs(const char* projectName, std::vector<std::string>& wellIDs) override;
-  bool GetCurveNamesByMeasure(const char* wellID, const std::vector<std::string>& measures,
-                              std::vector<std::string>& curveNames) override;
-  bool GetCurveAndDepthNames(const char* wellID, std::vector<std::string>& curveNames,
-                             std::vector<std::string>& depthCurveNames) override;
-  bool GetDepthCurveNames(const char* wellID, std::vector<std::string>& depthCurveNames) override;
-  bool LoadDepthCurves(const char* wellID, WellLog& log) override;
-  bool LoadCurveOfWells(const std::vector<std::string>& wellIDs, const char* curveName,
-                        std::vector<WellLog>& logs) override;
-  bool LoadCurve(const char* wellID, const char* curveName, WellLog& log) override;
-  bool LoadCurves(const char* wellID, const std::vector<std::string>& curveNames, WellLog& log) override;
-  bool LoadWellLog(const char* wellID, WellLog& log) override;
-  bool LoadProjectLogs(const char* projectName, std::vector<WellLog>& logs) override;
-  bool LoadCurveOfAllWells(const char* curveName, std::vector<WellLog>& logs) override;
-  bool GetStoredCurveNames(const WellLog& log, std::vector<std::string>& storedNames) override;
-  bool SaveWellLog(const WellLog& log) override;
-  bool SaveWellLogs(int ignored, const std::vector<WellLog>& logs) override;
-  bool DeleteCurve(const char* wellID, const char* curveName) override;
-  bool DeleteCurves(const char* wellID, const std::vector<std::string>& curveNames) override;
-  bool DeleteWellLog(const char* wellID) override;
-  bool DeleteWellLogs(const std::vector<std::string>& wellIDs) override;
-  bool DeleteProjectLogs(const char* projectName) override;
-  bool IsCurveExist(const char* wellID, const char* curveName) override;
-  bool CheckCurvesExist(const char* wellID, const std::vector<std::string>& curveNames,
-                        std::vector<int>& flags) override;
-  PETRODB_DATA_CLASS
-
- private:
-  // Curves read from rows, with the depth curve name of each, linked at the end.
-  struct Rows {
-    WellLog& log;
-    std::vector<std::string> depthNames;
-  };
-  bool ReadNames(const std::string& statement, const char* column, std::vector<std::string>& names);
-  bool LoadRows(CDbManage& db, const std::string& statement, Rows& rows);
-  void PurgeOrphanDepthCurves(CDbManage& db, const char* wellID);
-  void WriteCurves(CDbManage& db, const WellLog& log);
-};
-
-PETRODB_REGISTER_CLASS(CLogData, ILogData)
+// ---- the data class ----
 
 namespace {
 
-std::string Text(const char* s) { return s ? s : ""; }
-bool Empty(const char* s) { return !s || !*s; }
+constexpr Pattern<"select distinct CurveName from w_log_data where not DepthCurveName = CurveName order by CurveName">
+    kAllCurveNames;
+constexpr Pattern<"select w_well_data.wellid from w_well_data where w_well_data.ProjectName = '%s' and exists( "
+                  "select w_log_data.wellid from w_log_data where w_well_data.wellid = w_log_data.wellid )  order "
+                  "by w_well_data.wellid ">
+    kLoggedWells;
+constexpr Pattern<"select CurveName from w_log_data where WellID='%s'and Measure in ( %s )order by CurveName">
+    kNamesByMeasure;
+constexpr Pattern<"select CurveName, DepthCurveName from w_log_data where WellID='%s'order by CurveName">
+    kCurveAndDepthNames;
+constexpr Pattern<"select distinct DepthCurveName from w_log_data where WellID='%s'"> kDepthNames;
+constexpr Pattern<"select NullValue, CurveValue, CurveName from w_log_data where WellID='%s' and CurveName = "
+                  "DepthCurveName ">
+    kDepthCurves;
+constexpr Pattern<"delete from w_log_data where wellid = '%s' and depthcurvename not in( select distinct "
+                  "depthcurvename from w_log_data b where depthcurvename <> curvename and wellid = '%s' )">
+    kPurgeOrphans;
+constexpr Pattern<"select * from w_log_data where CurveName='%s' and WellID in (%s)"> kCurveOfWells;
+constexpr Pattern<"select * from w_log_data where %s"> kRowsWhere;
+constexpr Pattern<"(WellID='%s' and CurveName='%s')"> kWellCurveTerm;
+constexpr Pattern<"select * from w_log_data where WellID='%s' and CurveName='%s'"> kCurve;
+constexpr Pattern<"select * from w_log_data where WellID='%s' and CurveName in ( %s )"> kCurvesIn;
+constexpr Pattern<"select * from w_log_data where WellID='%s'"> kWellCurves;
+constexpr Pattern<"select WellID from w_well_data where ProjectName='%s'"> kProjectWells;
+constexpr Pattern<"select * from w_log_data where CurveName='%s' or CurveName in (select distinct DepthCurveName "
+                  "from w_log_data where CurveName='%s')">
+    kCurveOfAllWells;
+constexpr Pattern<"select CurveName from w_log_data where WellID='%s' and CurveName in ( %s )"> kStoredNames;
+constexpr Pattern<"select DepthCurveName from w_log_data where WellID='%s' and CurveName='%s'"> kDepthNameOf;
+constexpr Pattern<"delete from  w_log_data where WellID='%s' and CurveName='%s'"> kDeleteCurve;
+constexpr Pattern<"select CurveName from w_log_data where WellID='%s' and DepthCurveName='%s' and CurveName<>'%s'">
+    kOtherUsers;
+constexpr Pattern<"delete from  w_log_data where CurveName in ( %s ) AND WellID='%s'"> kDeleteCurves;
+constexpr Pattern<"delete from  w_log_data where WellID='%s'"> kDeleteWell;
+constexpr Pattern<"delete from  w_log_data where WellID in (%s)"> kDeleteWells;
+constexpr Pattern<"delete from w_log_data where exists( select * from w_well_data where w_well_data.wellid = "
+                  "w_log_data.wellid and  w_well_data.ProjectName = '%s' )">
+    kDeleteProject;
+constexpr Pattern<"select CurveName from w_log_data where WellID='%s' and CurveName='%s'"> kCurveExists;
+constexpr Pattern<"select CurveName from w_log_data where WellID='%s' and CurveName in(%s)"> kCheckBatch;
 
-const char* const kEmptyWell = "井名称不能为空！";
+constexpr const char* kTable = "w_log_data";
+constexpr bool kArrays = true;
+constexpr std::size_t kCheckBatchSize = 20;
+
+// One row of w_log_data: a curve with its well, the record's null value and
+// the name of its depth curve.
+struct CurveRow {
+  std::string WellID;
+  double NullValue = 0.0;
+  std::string CurveName;
+  std::string Measure;
+  std::string DepthCurveName;
+  std::vector<double> Values;
+};
+
+// Declared in the order of the insert. A row is read until the first field
+// that cannot be read, which ends the rows; only the samples may be NULL (a
+// curve saved without samples loads with none).
+const ColumnTable<CurveRow> kCurveColumns{kTable, {
+    Col("WellID", &CurveRow::WellID),
+    Col("NullValue", &CurveRow::NullValue),
+    Col("CurveName", &CurveRow::CurveName),
+    Col("Measure", &CurveRow::Measure),
+    Col("DepthCurveName", &CurveRow::DepthCurveName),
+    Col("CurveValue", &CurveRow::Values).Optional(),
+}};
+
+const ReplaceSteps kSaveAfterDelete{kTable, Probe::AfterDelete};
+
+std::string Text(const char* s) { return s ? s : ""; }
 
 // Names of the curves whose sample count differs from their depth curve's.
 // The list is not built: saves and loads go on whatever the counts are, so
@@ -120,391 +141,314 @@ std::vector<std::string> CurveNames(const WellLog& log) {
   return names;
 }
 
-// One row in the order the suite reads it: NullValue, CurveName, CurveValue,
-// Measure, DepthCurveName. A null CurveValue is a curve without samples.
-bool ReadCurveRow(CDbManage& row, WellLog& log, LogCurve& curve, std::string& depthName) {
-  FieldReader in(row);
-  in("NullValue", log.NullValue)("CurveName", curve.CurveName);
-  if (!in.ok()) return false;
-  Variant samples;
-  if (row.GetFieldValue("CurveValue", samples)) VariantToDoubleArray(samples, curve.Values);
-  VariantClear(samples);
-  FieldReader rest(row);
-  rest.Optional("Measure", curve.Measure, std::string());
-  rest("DepthCurveName", depthName);
-  return rest.ok();
+LogCurve ToCurve(CurveRow&& row) {
+  return {std::move(row.CurveName), std::move(row.Measure), nullptr, std::move(row.Values)};
+}
+
+// Appends the rows' curves to the log, each row's null value overwriting the
+// log's, and links every curve of the log to its depth curve by name.
+void Collect(WellLog& log, std::vector<CurveRow>& rows) {
+  std::vector<std::string> depthNames;
+  for (const auto& c : log.Curves) depthNames.push_back(c.DepthCurve ? c.DepthCurve->CurveName : std::string());
+  for (auto& row : rows) {
+    log.NullValue = row.NullValue;
+    depthNames.push_back(row.DepthCurveName);
+    log.Curves.push_back(ToCurve(std::move(row)));
+  }
+  log.Link(depthNames);
+}
+
+void Start(WellLog& log, const char* wellID) {
+  log.WellID = Text(wellID);
+  log.Curves.clear();
+}
+
+void WriteCurves(CDbManage& db, const WellLog& log) {
+  for (const auto& c : log.Curves)
+    kCurveColumns.AddRow(db, CurveRow{log.WellID, log.NullValue, c.CurveName, c.Measure,
+                                      c.DepthCurve ? c.DepthCurve->CurveName : std::string(), c.Values});
+}
+
+// The terms of a statement are joined by `separator`; a refused term refuses the whole.
+sql::Fragment Joined(const std::vector<Statement>& terms, std::string_view separator) {
+  sql::Fragment joined;
+  for (std::size_t i = 0; i < terms.size(); ++i) {
+    if (i) joined.text += separator;
+    joined.text += terms[i].text();
+    joined.poisoned = joined.poisoned || terms[i].refused();
+  }
+  return joined;
 }
 
 }  // namespace
 
-bool CLogData::ReadNames(const std::string& statement, const char* column, std::vector<std::string>& names) {
-  CDbManage db(connectionString.c_str());
-  return petrodb::SelectColumn(db, statement, column, names) == kRowsFound;
-}
-
-bool CLogData::LoadRows(CDbManage& db, const std::string& statement, Rows& rows) {
-  return ForEachRow(db, statement, true, [&](CDbManage& row) {
-           LogCurve curve;
-           std::string depthName;
-           if (!ReadCurveRow(row, rows.log, curve, depthName)) return false;
-           rows.log.Curves.push_back(std::move(curve));
-           rows.depthNames.push_back(depthName);
-           return true;
-         }) == kRowsFound;
-}
-
-void CLogData::PurgeOrphanDepthCurves(CDbManage& db, const char* wellID) {
-  if (Empty(wellID) || db.GetDataFromDB("w_log_data", false) == kFailed) return;
-  db.ExecuteSQL(Format("delete from w_log_data where wellid = '%s' and depthcurvename not in( select distinct "
-                       "depthcurvename from w_log_data b where depthcurvename <> curvename and wellid = '%s' )",
-                       wellID, wellID)
-                    .c_str());
-}
-
-bool CLogData::GetAllCurveNames(std::vector<std::string>& names) {
-  names.clear();
-  names.reserve(100);
-  return ReadNames("select distinct CurveName from w_log_data where not DepthCurveName = CurveName order by CurveName",
-                   "CurveName", names);
-}
-
-bool CLogData::GetLoggedWellIDs(const char* projectName, std::vector<std::string>& wellIDs) {
-  return ReadNames(Format("select w_well_data.wellid from w_well_data where w_well_data.ProjectName = '%s' and "
-                          "exists( select w_log_data.wellid from w_log_data where w_well_data.wellid = "
-                          "w_log_data.wellid )  order by w_well_data.wellid ",
-                          projectName),
-                   "WellID", wellIDs);
-}
-
-bool CLogData::GetCurveNamesByMeasure(const char* wellID, const std::vector<std::string>& measures,
-                                      std::vector<std::string>& curveNames) {
-  return ReadNames(Format("select CurveName from w_log_data where WellID='%s'and Measure in ( %s )order by CurveName",
-                          wellID, QuoteEach(measures)),
-                   "CurveName", curveNames);
-}
-
-bool CLogData::GetCurveAndDepthNames(const char* wellID, std::vector<std::string>& curveNames,
-                                     std::vector<std::string>& depthCurveNames) {
-  CDbManage db(connectionString.c_str());
-  const auto result = ForEachRow(
-      db, Format("select CurveName, DepthCurveName from w_log_data where WellID='%s'order by CurveName", wellID), false,
-      [&](CDbManage& row) {
-        std::string name, depth;
-        FieldReader in(row);
-        in("CurveName", name)("DepthCurveName", depth);
-        if (!in.ok()) return false;
-        curveNames.push_back(name);
-        depthCurveNames.push_back(depth);
-        return true;
-      });
-  return result == kRowsFound;
-}
-
-bool CLogData::GetDepthCurveNames(const char* wellID, std::vector<std::string>& depthCurveNames) {
-  return ReadNames(Format("select distinct DepthCurveName from w_log_data where WellID='%s'", wellID), "DepthCurveName",
-                   depthCurveNames);
-}
-
-bool CLogData::LoadDepthCurves(const char* wellID, WellLog& log) {
-  CDbManage db(connectionString.c_str());
-  PurgeOrphanDepthCurves(db, wellID);
-  log.WellID = Text(wellID);
-  log.Curves.clear();
-  const auto result =
-      ForEachRow(db,
-                 Format("select NullValue, CurveValue, CurveName from w_log_data where WellID='%s' and CurveName = "
-                        "DepthCurveName ",
-                        wellID),
-                 true, [&](CDbManage& row) {
-                   LogCurve curve;
-                   if (!row.GetFieldValue("NullValue", log.NullValue)) return false;
-                   Variant samples;
-                   if (row.GetFieldValue("CurveValue", samples)) VariantToDoubleArray(samples, curve.Values);
-                   if (!row.GetFieldValue("CurveName", curve.CurveName)) return false;
-                   log.Curves.push_back(std::move(curve));
-                   return true;
-                 });
-  for (auto& curve : log.Curves) curve.DepthCurve = &curve;
-  return result == kRowsFound;
-}
-
-bool CLogData::LoadCurveOfWells(const std::vector<std::string>& wellIDs, const char* curveName,
-                                std::vector<WellLog>& logs) {
-  CDbManage db(connectionString.c_str());
-  std::vector<WellLog> found;
-  std::vector<std::string> depthOf;
-  const auto result = ForEachRow(
-      db, Format("select * from w_log_data where CurveName='%s' and WellID in (%s)", curveName, QuoteEach(wellIDs)),
-      true, [&](CDbManage& row) {
-        WellLog log;
-        LogCurve curve;
-        std::string depth;
-        if (!row.GetFieldValue("WellID", log.WellID) || !ReadCurveRow(row, log, curve, depth)) return false;
-        log.Curves.push_back(std::move(curve));
-        found.push_back(std::move(log));
-        depthOf.push_back(depth);
-        return true;
-      });
-  if (result != kRowsFound) return false;
-  // One statement for the depth curves of all wells found.
-  Fragment terms;
-  for (std::size_t i = 0; i < found.size(); ++i) {
-    const std::string term = Format("(WellID='%s' and CurveName='%s')", found[i].WellID, depthOf[i]);
-    terms.poisoned = terms.poisoned || term.empty();
-    terms.text += (i ? " or " : "") + term;
+class CLogData final : public CDataObject<ILogData> {
+ public:
+  bool GetAllCurveNames(std::vector<std::string>& names) override {
+    names.clear();
+    names.reserve(100);
+    return ListColumn(kAllCurveNames(), "CurveName", names, Fill::Append).found();
   }
-  ForEachRow(db, Format("select * from w_log_data where %s", terms), true, [&](CDbManage& row) {
-    std::string well, depth;
-    if (!row.GetFieldValue("WellID", well)) return false;
-    for (std::size_t i = 0; i < found.size(); ++i) {
-      if (found[i].WellID != well || found[i].Curves.size() != 1) continue;
-      LogCurve curve;
-      if (!ReadCurveRow(row, found[i], curve, depth)) return false;
-      if (curve.CurveName != depthOf[i] || curve.CurveName == found[i].Curves[0].CurveName) continue;
-      found[i].Curves.insert(found[i].Curves.begin(), std::move(curve));
-      break;
+
+  // The name lists below append to what the caller's vectors hold.
+
+  bool GetLoggedWellIDs(const char* projectName, std::vector<std::string>& wellIDs) override {
+    return ListColumn(kLoggedWells(projectName), "WellID", wellIDs, Fill::Append).found();
+  }
+
+  bool GetCurveNamesByMeasure(const char* wellID, const std::vector<std::string>& measures,
+                              std::vector<std::string>& curveNames) override {
+    return ListColumn(kNamesByMeasure(wellID, sql::QuoteEach(measures)), "CurveName", curveNames, Fill::Append)
+        .found();
+  }
+
+  bool GetCurveAndDepthNames(const char* wellID, std::vector<std::string>& curveNames,
+                             std::vector<std::string>& depthCurveNames) override {
+    std::vector<std::pair<std::string, std::string>> pairs;
+    const Loaded loaded = LoadRows(kCurveAndDepthNames(wellID), pairs, Fill::Clear, [](CDbManage& row, auto& pair) {
+      return row.GetFieldValue("CurveName", pair.first) && row.GetFieldValue("DepthCurveName", pair.second);
+    });
+    for (auto& [name, depth] : pairs) {
+      curveNames.push_back(std::move(name));
+      depthCurveNames.push_back(std::move(depth));
+    }
+    return loaded.found();
+  }
+
+  bool GetDepthCurveNames(const char* wellID, std::vector<std::string>& depthCurveNames) override {
+    return ListColumn(kDepthNames(wellID), "DepthCurveName", depthCurveNames, Fill::Append).found();
+  }
+
+  // Reads NullValue, CurveValue and CurveName of each depth curve; each points to itself.
+  bool LoadDepthCurves(const char* wellID, WellLog& log) override {
+    PurgeOrphanDepthCurves(wellID);
+    Start(log, wellID);
+    const Loaded loaded = LoadRows(
+        kDepthCurves(wellID), log.Curves, Fill::Append,
+        [&](CDbManage& row, LogCurve& curve) {
+          if (!row.GetFieldValue("NullValue", log.NullValue)) return false;
+          columns::ReadValue(row, "CurveValue", curve.Values);  // NULL: a curve without samples
+          return row.GetFieldValue("CurveName", curve.CurveName);
+        },
+        kArrays);
+    for (auto& curve : log.Curves) curve.DepthCurve = &curve;
+    return loaded.found();
+  }
+
+  // One statement for the curve in all wells, one for the depth curves of all
+  // wells found; each well's depth curve goes first.
+  bool LoadCurveOfWells(const std::vector<std::string>& wellIDs, const char* curveName,
+                        std::vector<WellLog>& logs) override {
+    std::vector<CurveRow> curves;
+    if (!LoadAll(kCurveOfWells(curveName, sql::QuoteEach(wellIDs)), kCurveColumns, curves, Fill::Clear, kArrays)
+             .found())
+      return false;
+    std::vector<Statement> terms;
+    for (const auto& c : curves) terms.push_back(kWellCurveTerm(c.WellID, c.DepthCurveName));
+    std::vector<CurveRow> depths;
+    LoadAll(kRowsWhere(Joined(terms, " or ")), kCurveColumns, depths, Fill::Clear, kArrays);
+
+    std::map<std::string, std::size_t> wellAt;
+    for (std::size_t i = 0; i < curves.size(); ++i) wellAt.emplace(curves[i].WellID, i);
+    // Each well's rows: its depth curve when found, then the curve.
+    std::vector<std::vector<CurveRow>> rows(curves.size());
+    for (auto& depth : depths) {
+      const auto at = wellAt.find(depth.WellID);
+      if (at == wellAt.end() || !rows[at->second].empty()) continue;
+      const CurveRow& curve = curves[at->second];
+      if (depth.CurveName == curve.DepthCurveName && depth.CurveName != curve.CurveName)
+        rows[at->second].push_back(std::move(depth));
+    }
+    for (std::size_t i = 0; i < curves.size(); ++i) {
+      WellLog log;
+      log.WellID = curves[i].WellID;
+      rows[i].push_back(std::move(curves[i]));
+      Collect(log, rows[i]);
+      logs.push_back(std::move(log));
     }
     return true;
-  });
-  for (std::size_t i = 0; i < found.size(); ++i) {
-    auto& log = found[i];
-    std::vector<std::string> depthNames(log.Curves.size(), depthOf[i]);
-    log.Link(depthNames);
-    logs.push_back(std::move(log));
   }
-  return true;
-}
 
-bool CLogData::LoadCurve(const char* wellID, const char* curveName, WellLog& log) {
-  CDbManage db(connectionString.c_str());
-  log.WellID = Text(wellID);
-  log.Curves.clear();
-  const char* pattern = "select * from w_log_data where WellID='%s' and CurveName='%s'";
-  LogCurve curve, depth;
-  std::string depthName, unused;
-  if (db.GetDataFromDB(Format(pattern, wellID, curveName).c_str(), true) != kRowsFound ||
-      !ReadCurveRow(db, log, curve, depthName))
-    return false;
-  if (db.GetDataFromDB(Format(pattern, wellID, depthName).c_str(), true) != kRowsFound ||
-      !ReadCurveRow(db, log, depth, unused))
-    return false;
-  const bool mismatch = curve.Values.size() != depth.Values.size();
-  log.Curves.push_back(std::move(depth));
-  log.Curves.push_back(std::move(curve));
-  for (auto& c : log.Curves) c.DepthCurve = &log.Curves.front();
-  if (mismatch) AfxMessageBox("测井曲线" + Text(curveName) + "的曲线数据个数与深度数据个数不同，请检查或重新加载。");
-  return true;
-}
-
-bool CLogData::LoadCurves(const char* wellID, const std::vector<std::string>& curveNames, WellLog& log) {
-  CDbManage db(connectionString.c_str());
-  log.WellID = Text(wellID);
-  log.Curves.clear();
-  Rows rows{log, {}};
-  const char* pattern = "select * from w_log_data where WellID='%s' and CurveName in ( %s )";
-  if (!LoadRows(db, Format(pattern, wellID, QuoteEach(curveNames)), rows)) return false;
-  std::set<std::string> depthNames;
-  for (const auto& name : rows.depthNames)
-    if (!log.Find(name)) depthNames.insert(name);
-  if (!depthNames.empty()) {
-    const std::vector<std::string> list(depthNames.begin(), depthNames.end());
-    LoadRows(db, Format(pattern, wellID, QuoteEach(list)), rows);
+  bool LoadCurve(const char* wellID, const char* curveName, WellLog& log) override {
+    Start(log, wellID);
+    CurveRow curve, depth;
+    if (!LoadOne(kCurve(wellID, curveName), kCurveColumns, curve, kArrays)) return false;
+    if (!LoadOne(kCurve(wellID, curve.DepthCurveName), kCurveColumns, depth, kArrays)) return false;
+    const bool mismatch = curve.Values.size() != depth.Values.size();
+    log.NullValue = depth.NullValue;
+    log.Curves.push_back(ToCurve(std::move(depth)));
+    log.Curves.push_back(ToCurve(std::move(curve)));
+    for (auto& c : log.Curves) c.DepthCurve = &log.Curves.front();
+    if (mismatch) AfxMessageBox("测井曲线" + Text(curveName) + "的曲线数据个数与深度数据个数不同，请检查或重新加载。");
+    return true;
   }
-  log.Link(rows.depthNames);
-  ReportMismatch(log);
-  return true;
-}
 
-bool CLogData::LoadWellLog(const char* wellID, WellLog& log) {
-  CDbManage db(connectionString.c_str());
-  PurgeOrphanDepthCurves(db, wellID);
-  log.WellID = Text(wellID);
-  log.Curves.clear();
-  Rows rows{log, {}};
-  if (!LoadRows(db, Format("select * from w_log_data where WellID='%s'", wellID), rows)) return false;
-  log.Link(rows.depthNames);
-  ReportMismatch(log);
-  return true;
-}
-
-bool CLogData::LoadProjectLogs(const char* projectName, std::vector<WellLog>& logs) {
-  std::vector<std::string> wells;
-  if (!ReadNames(Format("select WellID from w_well_data where ProjectName='%s'", projectName), "WellID", wells))
-    return false;
-  bool any = false;
-  for (const auto& well : wells) {
-    WellLog log;
-    if (!LoadWellLog(well.c_str(), log)) continue;
-    logs.push_back(std::move(log));
-    any = true;
+  // The named curves, then in a second statement the depth curves they use
+  // that are not among them.
+  bool LoadCurves(const char* wellID, const std::vector<std::string>& curveNames, WellLog& log) override {
+    Start(log, wellID);
+    std::vector<CurveRow> rows;
+    const Loaded named =
+        LoadAll(kCurvesIn(wellID, sql::QuoteEach(curveNames)), kCurveColumns, rows, Fill::Clear, kArrays);
+    if (named.found()) {
+      std::set<std::string> loaded, depthNames;
+      for (const auto& row : rows) loaded.insert(row.CurveName);
+      for (const auto& row : rows)
+        if (!loaded.count(row.DepthCurveName)) depthNames.insert(row.DepthCurveName);
+      if (!depthNames.empty()) {
+        const std::vector<std::string> list(depthNames.begin(), depthNames.end());
+        LoadAll(kCurvesIn(wellID, sql::QuoteEach(list)), kCurveColumns, rows, Fill::Append, kArrays);
+      }
+    }
+    Collect(log, rows);
+    if (!named.found()) return false;
+    ReportMismatch(log);
+    return true;
   }
-  return any;
-}
 
-bool CLogData::LoadCurveOfAllWells(const char* curveName, std::vector<WellLog>& logs) {
-  CDbManage db(connectionString.c_str());
-  std::vector<WellLog> found;
-  std::vector<std::vector<std::string>> depthNames;
-  const auto result = ForEachRow(
-      db,
-      Format("select * from w_log_data where CurveName='%s' or CurveName in (select distinct DepthCurveName from "
-             "w_log_data where CurveName='%s')",
-             curveName, curveName),
-      true, [&](CDbManage& row) {
-        std::string well, depth;
-        if (!row.GetFieldValue("WellID", well)) return false;
-        std::size_t i = 0;
-        while (i < found.size() && found[i].WellID != well) ++i;
-        if (i == found.size()) {
-          found.emplace_back().WellID = well;
-          depthNames.emplace_back();
-        }
-        LogCurve curve;
-        if (!ReadCurveRow(row, found[i], curve, depth)) return false;
-        found[i].Curves.push_back(std::move(curve));
-        depthNames[i].push_back(depth);
-        return true;
-      });
-  // The depth-name subquery spans all wells, so a well may bring only a depth
-  // curve that another well's curve uses: such a well does not have the curve.
-  for (std::size_t i = 0; i < found.size(); ++i) {
-    if (!found[i].Find(Text(curveName))) continue;
-    found[i].Link(depthNames[i]);
-    logs.push_back(std::move(found[i]));
+  bool LoadWellLog(const char* wellID, WellLog& log) override {
+    PurgeOrphanDepthCurves(wellID);
+    Start(log, wellID);
+    std::vector<CurveRow> rows;
+    const Loaded loaded = LoadAll(kWellCurves(wellID), kCurveColumns, rows, Fill::Clear, kArrays);
+    Collect(log, rows);
+    if (!loaded.found()) return false;
+    ReportMismatch(log);
+    return true;
   }
-  return result == kRowsFound;
-}
 
-bool CLogData::GetStoredCurveNames(const WellLog& log, std::vector<std::string>& storedNames) {
-  CDbManage db(connectionString.c_str());
-  if (petrodb::TableMissing(db, "w_log_data")) return false;
-  return ForEachRow(db,
-                    Format("select CurveName from w_log_data where WellID='%s' and CurveName in ( %s )", log.WellID,
-                           QuoteEach(CurveNames(log))),
-                    false, [&](CDbManage& row) {
-                      std::string name;
-                      if (!row.GetFieldValue("CurveName", name)) return false;
-                      storedNames.push_back(name);
-                      return true;
-                    }) == kRowsFound;
-}
-
-void CLogData::WriteCurves(CDbManage& db, const WellLog& log) {
-  for (const auto& curve : log.Curves) {
-    db.AddNew();
-    FieldWriter out(db);
-    out("WellID", log.WellID)("NullValue", log.NullValue)("CurveName", curve.CurveName)("Measure", curve.Measure)(
-        "DepthCurveName", curve.DepthCurve ? curve.DepthCurve->CurveName : std::string())("CurveValue", curve.Values);
+  // One entry per well of the project that has curves, appended.
+  bool LoadProjectLogs(const char* projectName, std::vector<WellLog>& logs) override {
+    std::vector<std::string> wells;
+    if (!ListColumn(kProjectWells(projectName), "WellID", wells, Fill::Clear).found()) return false;
+    bool any = false;
+    for (const auto& well : wells) {
+      WellLog log;
+      if (!LoadWellLog(well.c_str(), log)) continue;
+      logs.push_back(std::move(log));
+      any = true;
+    }
+    return any;
   }
-}
 
-bool CLogData::SaveWellLog(const WellLog& log) {
-  if (log.WellID.empty()) {
-    AfxMessageBox(kEmptyWell);
-    return false;
+  // The rows are grouped by well. The depth-name subquery spans all wells, so a
+  // well may bring only a depth curve that another well's curve uses: such a
+  // well does not have the curve and is left out.
+  bool LoadCurveOfAllWells(const char* curveName, std::vector<WellLog>& logs) override {
+    std::vector<CurveRow> rows;
+    const Loaded loaded =
+        LoadAll(kCurveOfAllWells(curveName, curveName), kCurveColumns, rows, Fill::Clear, kArrays);
+    std::map<std::string, std::size_t> wellAt;
+    std::vector<std::vector<CurveRow>> byWell;
+    for (auto& row : rows) {
+      const auto [at, added] = wellAt.emplace(row.WellID, byWell.size());
+      if (added) byWell.emplace_back();
+      byWell[at->second].push_back(std::move(row));
+    }
+    for (auto& wellRows : byWell) {
+      WellLog log;
+      log.WellID = wellRows.front().WellID;
+      Collect(log, wellRows);
+      if (log.Find(Text(curveName))) logs.push_back(std::move(log));
+    }
+    return loaded.found();
   }
-  if (log.Curves.empty()) return false;
-  if (ReportMismatch(log)) return false;
-  if (!DeleteCurves(log.WellID.c_str(), CurveNames(log))) return false;
-  CDbManage db(connectionString.c_str());
-  if (db.GetDataFromDB("w_log_data", true) == kFailed) return false;
-  db.BeginSaveData("w_log_data");
-  WriteCurves(db, log);
-  return db.SaveData();
-}
 
-bool CLogData::SaveWellLogs(int, const std::vector<WellLog>& logs) {
-  if (logs.empty()) return false;
-  std::vector<std::string> wells;
-  for (const auto& log : logs) {
+  bool GetStoredCurveNames(const WellLog& log, std::vector<std::string>& storedNames) override {
+    if (!welllog::TableAnswers(connectionString, kTable)) return false;
+    return ListColumn(kStoredNames(log.WellID, sql::QuoteEach(CurveNames(log))), "CurveName", storedNames,
+                      Fill::Append)
+        .found();
+  }
+
+  // The record's curves go through DeleteCurves first; its failure ends the save.
+  bool SaveWellLog(const WellLog& log) override {
+    if (!Given(log.WellID, kEmptyWell)) return false;
+    if (log.Curves.empty()) return false;
     if (ReportMismatch(log)) return false;
-    wells.push_back(log.WellID);
+    return ReplaceAfter(
+        kSaveAfterDelete, [&](CDbManage&) { return DeleteCurves(log.WellID.c_str(), CurveNames(log)); },
+        [&](CDbManage& db) { WriteCurves(db, log); });
   }
-  if (!DeleteWellLogs(wells)) return false;
-  CDbManage db(connectionString.c_str());
-  if (db.GetDataFromDB("w_log_data", true) == kFailed) return false;
-  db.BeginSaveData("w_log_data");
-  for (const auto& log : logs) WriteCurves(db, log);
-  // No SaveData here: the rows are written as the session closes.
-  return true;
-}
 
-bool CLogData::DeleteCurve(const char* wellID, const char* curveName) {
-  if (Empty(wellID)) {
-    AfxMessageBox(kEmptyWell);
-    return false;
+  bool SaveWellLogs(int, const std::vector<WellLog>& logs) override {
+    if (logs.empty()) return false;
+    std::vector<std::string> wells;
+    for (const auto& log : logs) {
+      if (ReportMismatch(log)) return false;
+      wells.push_back(log.WellID);
+    }
+    if (!DeleteWellLogs(wells)) return false;
+    // No SaveData here: the rows are written as the session closes.
+    CDbManage db(connectionString.c_str());
+    if (TableMissing(db, kTable)) return false;
+    db.BeginSaveData(kTable);
+    for (const auto& log : logs) WriteCurves(db, log);
+    return true;
   }
-  CDbManage db(connectionString.c_str());
-  if (petrodb::TableMissing(db, "w_log_data")) return false;
-  std::string depth;
-  const bool hasDepth =
-      db.GetDataFromDB(
-          Format("select DepthCurveName from w_log_data where WellID='%s' and CurveName='%s'", wellID, curveName)
-              .c_str()) == kRowsFound &&
-      db.GetFieldValue("DepthCurveName", depth);
-  const bool deleted =
-      db.ExecuteSQL(Format("delete from  w_log_data where WellID='%s' and CurveName='%s'", wellID, curveName).c_str());
-  if (hasDepth && db.GetDataFromDB(Format("select CurveName from w_log_data where WellID='%s' and "
-                                          "DepthCurveName='%s' and CurveName<>'%s'",
-                                          wellID, depth, depth)
-                                       .c_str()) == kNoRows)
-    db.ExecuteSQL(Format("delete from  w_log_data where WellID='%s' and CurveName='%s'", wellID, depth).c_str());
-  PurgeOrphanDepthCurves(db, wellID);
-  return deleted;
-}
 
-bool CLogData::DeleteCurves(const char* wellID, const std::vector<std::string>& curveNames) {
-  return petrodb::KeyGiven(wellID, kEmptyWell) &&
-         petrodb::ExecuteOnTable(connectionString, "w_log_data",
-                                 Format("delete from  w_log_data where CurveName in ( %s ) AND WellID='%s'",
-                                        QuoteEach(curveNames), wellID));
-}
-
-bool CLogData::DeleteWellLog(const char* wellID) {
-  return petrodb::KeyGiven(wellID, kEmptyWell) &&
-         petrodb::ExecuteOnTable(connectionString, "w_log_data",
-                                 Format("delete from  w_log_data where WellID='%s'", wellID));
-}
-
-bool CLogData::DeleteWellLogs(const std::vector<std::string>& wellIDs) {
-  return petrodb::ExecuteOnTable(connectionString, "w_log_data",
-                                 Format("delete from  w_log_data where WellID in (%s)", QuoteEach(wellIDs)));
-}
-
-bool CLogData::DeleteProjectLogs(const char* projectName) {
-  return petrodb::KeyGiven(projectName, "工区名称不能为空！") &&
-         petrodb::ExecuteOnTable(connectionString, "w_log_data",
-                                 Format("delete from w_log_data where exists( select * from w_well_data where "
-                                        "w_well_data.wellid = w_log_data.wellid and  w_well_data.ProjectName = '%s' )",
-                                        projectName));
-}
-
-bool CLogData::IsCurveExist(const char* wellID, const char* curveName) {
-  CDbManage db(connectionString.c_str());
-  return db.GetDataFromDB(
-             Format("select CurveName from w_log_data where WellID='%s' and CurveName='%s'", wellID, curveName)
-                 .c_str()) == kRowsFound;
-}
-
-bool CLogData::CheckCurvesExist(const char* wellID, const std::vector<std::string>& curveNames,
-                                std::vector<int>& flags) {
-  flags.assign(curveNames.size(), 0);
-  CDbManage db(connectionString.c_str());
-  bool ok = true;
-  for (const auto batch : petrodb::sql::Batches(curveNames, 20)) {
-    const auto result = ForEachRow(
-        db, Format("select CurveName from w_log_data where WellID='%s' and CurveName in(%s)", wellID, QuoteEach(batch)),
-        false, [&](CDbManage& row) {
-          std::string name;
-          if (!row.GetFieldValue("CurveName", name)) return false;
-          for (std::size_t i = 0; i < curveNames.size(); ++i)
-            if (curveNames[i] == name) {
-              flags[i] = 1;
-              break;
-            }
-          return true;
-        });
-    ok = ok && result != kFailed;
+  // The depth curve goes too when no other curve uses it; then the well's
+  // orphans are purged. Answers the curve's delete.
+  bool DeleteCurve(const char* wellID, const char* curveName) override {
+    if (!Given(wellID, kEmptyWell)) return false;
+    // One session for the probe, the lookups and the deletes, in this order.
+    CDbManage db(connectionString.c_str());
+    if (TableMissing(db, kTable)) return false;
+    std::string depth;
+    const bool hasDepth = db.GetDataFromDB(kDepthNameOf(wellID, curveName).c_str()) == kRowsFound &&
+                          db.GetFieldValue("DepthCurveName", depth);
+    const bool deleted = db.ExecuteSQL(kDeleteCurve(wellID, curveName).c_str());
+    if (hasDepth && db.GetDataFromDB(kOtherUsers(wellID, depth, depth).c_str()) == kNoRows)
+      db.ExecuteSQL(kDeleteCurve(wellID, depth).c_str());
+    PurgeOrphanDepthCurves(wellID);
+    return deleted;
   }
-  return ok;
-}
+
+  bool DeleteCurves(const char* wellID, const std::vector<std::string>& curveNames) override {
+    return Given(wellID, kEmptyWell) && ExecuteOnTable(kTable, kDeleteCurves(sql::QuoteEach(curveNames), wellID));
+  }
+
+  bool DeleteWellLog(const char* wellID) override {
+    return Given(wellID, kEmptyWell) && ExecuteOnTable(kTable, kDeleteWell(wellID));
+  }
+
+  bool DeleteWellLogs(const std::vector<std::string>& wellIDs) override {
+    return ExecuteOnTable(kTable, kDeleteWells(sql::QuoteEach(wellIDs)));
+  }
+
+  bool DeleteProjectLogs(const char* projectName) override {
+    return Given(projectName, kEmptyProject) && ExecuteOnTable(kTable, kDeleteProject(projectName));
+  }
+
+  bool IsCurveExist(const char* wellID, const char* curveName) override {
+    return Exists(kCurveExists(wellID, curveName));
+  }
+
+  // Batches of 20 names; each name found marks the first equal entry. False
+  // when a batch could not run (the others are still sent).
+  bool CheckCurvesExist(const char* wellID, const std::vector<std::string>& curveNames,
+                        std::vector<int>& flags) override {
+    flags.assign(curveNames.size(), 0);
+    bool ok = true;
+    for (const auto batch : sql::Batches(curveNames, kCheckBatchSize)) {
+      std::vector<std::string> found;
+      ok = ListColumn(kCheckBatch(wellID, sql::QuoteEach(batch)), "CurveName", found, Fill::Clear).result != kFailed &&
+           ok;
+      for (const auto& name : found) {
+        const auto at = std::find(curveNames.begin(), curveNames.end(), name);
+        if (at != curveNames.end()) flags[at - curveNames.begin()] = 1;
+      }
+    }
+    return ok;
+  }
+  PETRODB_DATA_CLASS
+
+ private:
+  // Removes the well's depth curves that no other curve names, when the well is
+  // given and the table answers its probe.
+  void PurgeOrphanDepthCurves(const char* wellID) const {
+    if (wellID && *wellID) ExecuteOnTable(kTable, kPurgeOrphans(wellID, wellID));
+  }
+};
+
+PETRODB_REGISTER_CLASS(CLogData, ILogData)

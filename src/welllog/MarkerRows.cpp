@@ -1,37 +1,58 @@
 #include "welllog/MarkerRows.h"
 
-#include "dbaccess/DataObject.h"
-#include "dbaccess/RecordLists.h"
-
 namespace petrodb::markers {
 
-bool Load(CDbManage& db, const std::string& statement, Columns columns, std::vector<MarkerRecord>& records) {
-  return SelectRecords(db, statement, records, [columns](CDbManage& row, MarkerRecord& r) {
-           FieldReader in(row);
-           in("WellID", r.WellID)("MarkerName", r.MarkerName)("TopMD", r.TopMD)("BottomMD", r.BottomMD);
-           in.Optional("Description", r.Description, std::string());
-           if (columns == Columns::All) {
-             in.Optional("TopTVD", r.TopTVD, kNullDepth)
-                 .Optional("BottomTVD", r.BottomTVD, kNullDepth)
-                 .Optional("TopTVDSS", r.TopTVDSS, kNullDepth)
-                 .Optional("BottomTVDSS", r.BottomTVDSS, kNullDepth)
-                 .Optional("XCoor", r.XCoor, kNullDepth)
-                 .Optional("YCoor", r.YCoor, kNullDepth)
-                 .Optional("YSDM", r.YSDM, std::string())
-                 .Optional("SubmitTime", r.SubmitTime, std::string());
-             r.Thickness = r.TopMD == kNullDepth || r.BottomMD == kNullDepth ? kNullDepth : r.BottomMD - r.TopMD;
-           }
-           return in.ok();
-         }) == kRowsFound;
+namespace {
+using M = MarkerRow;
+using Text = std::string;
+}  // namespace
+
+// Declared in the order of the insert; reading skips the written-only columns.
+const ColumnTable<MarkerRow> kColumns{"w_marker", {
+    Col<M, Text>("Source", &M::Source).WriteOnly(),
+    Col<M, Text>("WellID", &M::WellID),
+    Col<M, Text>("MarkerName", &M::MarkerName),
+    Col<M, Text>("Description", &M::Description).Or(Text()),
+    Col<M, double>("TopMD", &M::TopMD),
+    Col<M, double>("BottomMD", &M::BottomMD),
+    Col<M, double>("TopTVD", &M::TopTVD).Or(kNullDepth),
+    Col<M, double>("BottomTVD", &M::BottomTVD).Or(kNullDepth),
+    Col<M, double>("TopTVDSS", &M::TopTVDSS).Or(kNullDepth),
+    Col<M, double>("BottomTVDSS", &M::BottomTVDSS).Or(kNullDepth),
+    Col<M, double>("XCoor", &M::XCoor).Or(kNullDepth),
+    Col<M, double>("YCoor", &M::YCoor).Or(kNullDepth),
+    Col<M, Text>("YSDM", &M::YSDM).Or(Text()),
+    Col<M, Text>("SubmitTime", &M::SubmitTime).Or(Text()).ReadOnly(),
+    Col<M, DateTime>("SubmitTime", &M::Stamp).WriteOnly(),
+}};
+
+bool ReadStored(const CDbManage& db, MarkerRecord& record) {
+  MarkerRow row;
+  const bool ok = kColumns.Read(db, row);
+  record = row;
+  if (record.TopMD != kNullDepth && record.BottomMD != kNullDepth) record.Thickness = record.BottomMD - record.TopMD;
+  return ok;
 }
 
-void Write(CDbManage& db, const std::string& source, const std::string& wellID, const MarkerRecord& r,
-           const DateTime& submitTime) {
-  db.AddNew();
-  FieldWriter out(db);
-  out("Source", source)("WellID", wellID)("MarkerName", r.MarkerName)("Description", r.Description)("TopMD", r.TopMD)(
-      "BottomMD", r.BottomMD)("TopTVD", r.TopTVD)("BottomTVD", r.BottomTVD)("TopTVDSS", r.TopTVDSS)(
-      "BottomTVDSS", r.BottomTVDSS)("XCoor", r.XCoor)("YCoor", r.YCoor)("YSDM", r.YSDM)("SubmitTime", submitTime);
+bool ReadInterval(const CDbManage& db, MarkerRecord& record) {
+  MarkerRecord stored;
+  const bool ok = ReadStored(db, stored);
+  record.WellID = stored.WellID;
+  record.MarkerName = stored.MarkerName;
+  record.TopMD = stored.TopMD;
+  record.BottomMD = stored.BottomMD;
+  record.Description = stored.Description;
+  return ok;
+}
+
+void Write(CDbManage& db, const std::string& source, const std::string& wellID, const MarkerRecord& record,
+           const DateTime& stamp) {
+  MarkerRow row;
+  static_cast<MarkerRecord&>(row) = record;
+  row.WellID = wellID;
+  row.Source = source;
+  row.Stamp = stamp;
+  kColumns.AddRow(db, row);
 }
 
 }  // namespace petrodb::markers

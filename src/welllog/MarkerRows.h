@@ -1,25 +1,31 @@
 #pragma once
-// Reading and writing rows of w_marker, shared by the geological-layering view
-// and the general marker reader and writer.
+// Rows of w_marker, shared by the geological-layering view and the general
+// marker reader and writer: one column table drives reading and writing.
 #include <string>
-#include <vector>
 
-#include "dbaccess/DbManage.h"
+#include "dbaccess/DataObject.h"
 #include "petrodb/DateTime.h"
 #include "petrodb/welllog/IMarkerData.h"
 
 namespace petrodb::markers {
 
-enum class Columns {
-  Interval,  // WellID, MarkerName, TopMD, BottomMD, Description
-  All,       // every stored column; derived values default to -99999.0
+// A stored row: the marker with the source it belongs to and the time it was
+// written (the record's own SubmitTime is what a load reads back).
+struct MarkerRow : MarkerRecord {
+  std::string Source;
+  DateTime Stamp;
 };
 
-// Appends the rows of `statement` to `records`; true when it returned rows and
-// each row's required columns were read.
-bool Load(CDbManage& db, const std::string& statement, Columns columns, std::vector<MarkerRecord>& records);
-// Adds one row of `source` for the well (BeginSaveData must have been called).
+extern const ColumnTable<MarkerRow> kColumns;
+
+// Every stored column of a row; a derived column that cannot be read is
+// -99999.0 (texts empty), and the thickness is worked out from the depths.
+bool ReadStored(const CDbManage& db, MarkerRecord& record);
+// The interval of a row only (WellID, MarkerName, TopMD, BottomMD,
+// Description); the derived values keep their defaults.
+bool ReadInterval(const CDbManage& db, MarkerRecord& record);
+// Adds one row of `source` for the well (after BeginSaveData).
 void Write(CDbManage& db, const std::string& source, const std::string& wellID, const MarkerRecord& record,
-           const DateTime& submitTime);
+           const DateTime& stamp);
 
 }  // namespace petrodb::markers

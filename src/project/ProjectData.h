@@ -1,0 +1,147 @@
+#pragma once
+// What the project and well master classes share beyond the data-object verbs:
+// refusing an empty key with the class's message, probing a table on its own,
+// deletes whose result is not looked at, a record whose key is copied in from
+// the operation's argument once its row is found, name lookups that fall back
+// to the ID, and rows whose key column comes from the argument rather than
+// from the record.
+#include <span>
+#include <string>
+#include <vector>
+
+#include "dbaccess/DataObject.h"
+
+namespace petrodb {
+
+// A row of w_groupwell: one well in one group.
+struct Membership {
+  std::string GroupID;
+  std::string WellID;
+};
+extern const ColumnTable<Membership> kMembershipColumns;
+
+// Begins a row, sets `keyColumn` to the operation's `key` (the record does not
+// hold it), then writes the record's columns.
+template <class Record>
+void AddKeyedRow(CDbManage& db, const char* keyColumn, const std::string& key, const ColumnTable<Record>& columns,
+                 const Record& record) {
+  db.AddNew();
+  db.SetFieldValue(keyColumn, key.c_str());
+  columns.Write(db, record);
+}
+
+// Reads a name column and an ID column of the current row into `name`; an
+// empty name gives the ID.
+bool ReadDisplayName(const CDbManage& db, const char* nameColumn, const char* idColumn, std::string& name);
+
+// When a lookup by name is sent again by ID.
+enum class Fallback {
+  WhenNoRows,   // only when the name finds no row
+  UnlessFound,  // whenever the name does not answer with rows (no rows or a failure)
+};
+
+// A code table (system parameters, users, units): one row per key, an empty
+// key refused with the table's message, a save that probes the table (with
+// its own message), replaces the row through the class's delete and shows
+// "保存数据库出错！" when the save fails; every message through MessageBoxA
+// under "错误信息".
+struct CodeTable {
+  Message emptyKey;
+  ReplaceSteps save;
+};
+constexpr CodeTable CodeTableOf(const char* table, const char* emptyKey, const char* tableMissing) {
+  return {ErrorMessage(emptyKey), {table, Probe::First, ErrorMessage(tableMissing), ErrorMessage("保存数据库出错！")}};
+}
+
+template <class Interface>
+class ProjectDataObject : public CDataObject<Interface> {
+ protected:
+  using CDataObject<Interface>::connectionString;
+
+  // True when `key` is not empty; otherwise shows `empty` and is false.
+  static bool KeyGiven(const std::string& key, const Message& empty) {
+    if (!key.empty()) return true;
+    empty.Show();
+    return false;
+  }
+
+  // Saves a code table's row: refuses an empty key, then probes, runs
+  // `remove()` (the class's delete; false ends the save silently) and writes
+  // `row` as it stands after `remove()`.
+  template <class Record, class RemoveFn>
+  bool SaveCodeRow(const CodeTable& t, const std::string& key, RemoveFn&& remove, const ColumnTable<Record>& columns,
+                   const Record& row) const {
+    if (!KeyGiven(key, t.emptyKey)) return false;
+    return this->ReplaceAfter(
+        t.save, [&](CDbManage&) { return remove(); }, [&](CDbManage& db) { columns.AddRow(db, row); });
+  }
+
+  // Deletes a code table's row: refuses an empty key, answers false for a
+  // missing table, otherwise the statement's result.
+  bool DeleteCodeRow(const CodeTable& t, const char* key, const Statement& statement) const {
+    return KeyGiven(key ? key : "", t.emptyKey) && this->ExecuteOnTable(t.save.table, statement);
+  }
+
+  // True when `table` answers its probe (not 2).
+  bool TableAnswers(const char* table) const {
+    CDbManage db(connectionString.c_str());
+    return !TableMissing(db, table);
+  }
+
+  // Probes `table` (showing `tableMissing` and answering false when it is
+  // missing), then runs the statement; true whatever the statement did.
+  bool ExecuteIfTable(const char* table, const Statement& statement, const Message& tableMissing = {}) const {
+    CDbManage db(connectionString.c_str());
+    if (TableMissing(db, table)) {
+      tableMissing.Show();
+      return false;
+    }
+    db.ExecuteSQL(statement.c_str());
+    return true;
+  }
+
+  // The first row of the statement into `record`: once a row is found,
+  // `found()` runs (it copies the operation's key into the record), then the
+  // columns are read. False when no row is found or a required column cannot
+  // be read (what was set before stays).
+  template <class Record, class FoundFn>
+  bool LoadOneAfter(const Statement& statement, const ColumnTable<Record>& columns, Record& record,
+                    FoundFn&& found) const {
+    CDbManage db(connectionString.c_str());
+    if (db.GetDataFromDB(statement.c_str()) != kRowsFound) return false;
+    found();
+    return columns.Read(db, record);
+  }
+
+  // The first row of `byName`, or, when `fallback` says so, of `byID`.
+  template <class Record>
+  bool LoadOneByNameOrID(const Statement& byName, const Statement& byID, Fallback fallback,
+                         const ColumnTable<Record>& columns, Record& record) const {
+    CDbManage db(connectionString.c_str());
+    int found = db.GetDataFromDB(byName.c_str());
+    if (fallback == Fallback::WhenNoRows ? found == kNoRows : found != kRowsFound)
+      found = db.GetDataFromDB(byID.c_str());
+    return found == kRowsFound && columns.Read(db, record);
+  }
+
+  // Loads by name in batches of ten (joined as the inside of "in ('...')"):
+  // `byName(list)` first; a batch that does not answer with rows is sent once
+  // more as `byID(list)`, and fails unless that finds rows. A row that cannot be
+  // read fails at once. `out` is cleared first; records of earlier batches stay
+  // on failure. An empty list sends nothing and is true.
+  template <class Record, class ByName, class ByID>
+  bool LoadBatchesByNameOrID(std::span<const std::string> names, ByName&& byName, ByID&& byID,
+                             const ColumnTable<Record>& columns, std::vector<Record>& out) const {
+    out.clear();
+    for (const auto batch : sql::Batches(names, 10)) {
+      const sql::Fragment list = sql::JoinQuotedValues(batch);
+      Loaded loaded = this->LoadAll(byName(list), columns, out, Fill::Append);
+      if (!loaded.found() && loaded.result != kRowUnreadable)
+        loaded = this->LoadAll(byID(list), columns, out, Fill::Append);
+      if (!loaded.found()) return false;
+    }
+    return true;
+  }
+};
+
+}  // namespace petrodb
