@@ -94,12 +94,12 @@ struct Column {
 // options can be chained. It converts to Column<Record>.
 template <class Record, class T>
 struct ColumnOf : Column<Record> {
-  T Record::*member = nullptr;
+  std::function<T&(Record&)> member;  // where the value lives in a record
 
   // Not required: an unreadable value gives the member `value`.
   ColumnOf Or(T value) && {
     this->required = false;
-    this->fallback = [m = member, value](Record& r) { r.*m = value; };
+    this->fallback = [m = member, value](Record& r) { m(r) = value; };
     return std::move(*this);
   }
   // Not required: an unreadable value leaves the member as it was.
@@ -125,18 +125,32 @@ struct ColumnOf : Column<Record> {
   }
 };
 
+namespace columns {
+template <class Record, class T, class Access>
+ColumnOf<Record, T> Make(const char* name, Access access) {
+  ColumnOf<Record, T> c;
+  c.name = name;
+  c.kind = KindOf<T>();
+  c.member = access;
+  c.get = [name, access](const CDbManage& db, Record& r) { return ReadValue(db, name, access(r)); };
+  // Writing only reads the member.
+  c.set = [name, access](CDbManage& db, const Record& r, EmptyArray empty) {
+    WriteValue(db, name, std::as_const(access(const_cast<Record&>(r))), empty);
+  };
+  return c;
+}
+}  // namespace columns
+
 // A column of `Record` held in `member`: required, read and written.
 template <class Record, class T>
 ColumnOf<Record, T> Col(const char* name, T Record::*member) {
-  ColumnOf<Record, T> c;
-  c.name = name;
-  c.kind = columns::KindOf<T>();
-  c.member = member;
-  c.get = [name, member](const CDbManage& db, Record& r) { return columns::ReadValue(db, name, r.*member); };
-  c.set = [name, member](CDbManage& db, const Record& r, EmptyArray empty) {
-    columns::WriteValue(db, name, r.*member, empty);
-  };
-  return c;
+  return columns::Make<Record, T>(name, [member](Record& r) -> T& { return r.*member; });
+}
+
+// A column held in a member of a part of the record (`record.part.member`).
+template <class Record, class Part, class T>
+ColumnOf<Record, T> Col(const char* name, Part Record::*part, T Part::*member) {
+  return columns::Make<Record, T>(name, [part, member](Record& r) -> T& { return (r.*part).*member; });
 }
 
 // The registered tables, for the schema check.
@@ -184,6 +198,13 @@ class ColumnTable {
     db.AddNew();
     Write(db, record);
   }
+  // Begins a row, sets `keyColumn` to `key` (a value the operation has and the
+  // record does not hold), then writes the record's columns.
+  void AddKeyedRow(CDbManage& db, const char* keyColumn, const std::string& key, const Record& record) const {
+    db.AddNew();
+    db.SetFieldValue(keyColumn, key);
+    Write(db, record);
+  }
   // One row per record, in order.
   template <class Range>
   void AddRows(CDbManage& db, const Range& records) const {
@@ -194,5 +215,17 @@ class ColumnTable {
   const char* table_;
   std::vector<Column<Record>> columns_;
 };
+
+// A row reader that reads through the column table of `Row` (a stored row: the
+// record plus columns the record leaves out) and keeps the record's part.
+template <class Record, class Row>
+auto ReadAs(const ColumnTable<Row>& columns) {
+  return [&columns](const CDbManage& db, Record& out) {
+    Row row;
+    const bool ok = columns.Read(db, row);
+    out = static_cast<const Record&>(row);
+    return ok;
+  };
+}
 
 }  // namespace petrodb

@@ -72,6 +72,37 @@ struct ReplaceSteps {
   Message saveFailed{};    // shown when SaveData fails
 };
 
+// True when `key` is given (not null, not empty); otherwise shows `empty` and
+// answers false, before any database access.
+inline bool KeyGiven(const char* key, const Message& empty) {
+  if (key && *key) return true;
+  empty.Show();
+  return false;
+}
+inline bool KeyGiven(const std::string& key, const Message& empty) { return KeyGiven(key.c_str(), empty); }
+
+// A removal step for ReplaceAfter whose deletes must all succeed: a refused one
+// ends the replace before any of them runs, a failing one ends it at once.
+inline auto DeletesThatMustRun(std::span<const Statement> deletes) {
+  return [deletes](CDbManage& db) {
+    for (const auto& d : deletes)
+      if (d.refused()) return false;
+    for (const auto& d : deletes)
+      if (!db.ExecuteSQL(d.c_str())) return false;
+    return true;
+  };
+}
+
+// A removal step for ReplaceAfter that runs another operation, `remove()`, and
+// goes on whatever it answers.
+template <class RemoveFn>
+auto Regardless(RemoveFn remove) {
+  return [remove](CDbManage&) {
+    remove();
+    return true;
+  };
+}
+
 template <class Interface>
 class CDataObject : public Interface {
  public:
@@ -102,6 +133,25 @@ class CDataObject : public Interface {
                bool binary = false) const {
     CDbManage db(connectionString.c_str());
     return db.GetDataFromDB(statement.c_str(), binary) == kRowsFound && columns.Read(db, record);
+  }
+
+  // The first row of the statement into `record`: once a row is found,
+  // `found()` runs (it may copy the operation's key into the record), then the
+  // columns are read. False when no row is found or a required column cannot be
+  // read (what was set before stays).
+  template <class Record, class FoundFn>
+  bool LoadOneAfter(const Statement& statement, const ColumnTable<Record>& columns, Record& record,
+                    FoundFn&& found) const {
+    CDbManage db(connectionString.c_str());
+    if (db.GetDataFromDB(statement.c_str()) != kRowsFound) return false;
+    found();
+    return columns.Read(db, record);
+  }
+
+  // True when `table` answers its probe (not 2).
+  bool TableAnswers(const char* table) const {
+    CDbManage db(connectionString.c_str());
+    return !TableMissing(db, table);
   }
 
   // One field of the first row. False when there is no row or the field cannot be read.
@@ -163,6 +213,18 @@ class CDataObject : public Interface {
     CDbManage db(connectionString.c_str());
     if (TableMissing(db, table)) return false;
     return db.ExecuteSQL(statement.c_str());
+  }
+
+  // Probes `table` (showing `tableMissing` and answering false when it is
+  // missing), then runs the statement; true whatever the statement did.
+  bool ExecuteIfTable(const char* table, const Statement& statement, const Message& tableMissing = {}) const {
+    CDbManage db(connectionString.c_str());
+    if (TableMissing(db, table)) {
+      tableMissing.Show();
+      return false;
+    }
+    db.ExecuteSQL(statement.c_str());
+    return true;
   }
 
   // Runs the statements in order on one session, all of them whatever each
@@ -273,50 +335,6 @@ class CDataObject : public Interface {
     steps.tableMissing.Show();
     return false;
   }
-};
-
-// Reads fields of the current row in order. After the first field that cannot
-// be read the rest are skipped and ok() stays false; fields read so far keep
-// their values. For the few reads a column table cannot describe.
-class FieldReader {
- public:
-  explicit FieldReader(const CDbManage& db) : db_(db) {}
-
-  template <class T>
-  FieldReader& operator()(const char* column, T& value) {
-    if (ok_ && !columns::ReadValue(db_, column, value)) ok_ = false;
-    return *this;
-  }
-  // A field that falls back to `fallback` when it cannot be read.
-  template <class T, class U>
-  FieldReader& Optional(const char* column, T& value, const U& fallback) {
-    if (ok_ && !columns::ReadValue(db_, column, value)) value = fallback;
-    return *this;
-  }
-  bool ok() const { return ok_; }
-
- private:
-  const CDbManage& db_;
-  bool ok_ = true;
-};
-
-// Sets fields of the row begun with AddNew (being replaced by column tables).
-class FieldWriter {
- public:
-  explicit FieldWriter(CDbManage& db, EmptyArray empty = EmptyArray::Null) : db_(db), empty_(empty) {}
-  template <class T>
-  FieldWriter& operator()(const char* column, const T& value) {
-    columns::WriteValue(db_, column, value, empty_);
-    return *this;
-  }
-  FieldWriter& operator()(const char* column, const char* value) {
-    db_.SetFieldValue(column, value);
-    return *this;
-  }
-
- private:
-  CDbManage& db_;
-  EmptyArray empty_;
 };
 
 }  // namespace petrodb

@@ -23,27 +23,6 @@ constexpr Pattern<"RESTORE FILELISTONLY FROM DISK = '%s' RESTORE DATABASE %s FRO
                   "'%s',MOVE '%s' TO '%s'">
     kRestore;
 
-// A column of a member of the ellipsoid or projection part of the record.
-template <class Part, class T>
-Column<ProjectRecord> In(const char* name, Part ProjectRecord::*part, T Part::*member) {
-  Column<ProjectRecord> c;
-  c.name = name;
-  c.kind = columns::KindOf<T>();
-  c.get = [=](const CDbManage& db, ProjectRecord& r) { return columns::ReadValue(db, name, (r.*part).*member); };
-  c.set = [=](CDbManage& db, const ProjectRecord& r, EmptyArray empty) {
-    columns::WriteValue(db, name, (r.*part).*member, empty);
-  };
-  return c;
-}
-Column<ProjectRecord> ReadOnly(Column<ProjectRecord> c) {
-  c.written = false;
-  return c;
-}
-Column<ProjectRecord> WriteOnly(Column<ProjectRecord> c) {
-  c.read = false;
-  return c;
-}
-
 // The load copies the name it was given instead of reading ProjectName, and
 // reads CentralMeridian before ProjectionDescription while the save writes it
 // after; DepthUnit alone may be missing (metres).
@@ -56,23 +35,23 @@ const ColumnTable<ProjectRecord> kProjectColumns{"b_project_data", {
     Col("SNmin", &ProjectRecord::SNmin),
     Col("SNmax", &ProjectRecord::SNmax),
     Col("CreatedDate", &ProjectRecord::CreatedDate),
-    In("EllipsoidID", &ProjectRecord::Ellipsoid, &EllipsoidRecord::EllipsoidID),
-    In("EllipsoidDescription", &ProjectRecord::Ellipsoid, &EllipsoidRecord::EllipsoidDescription),
-    In("SemiMajor", &ProjectRecord::Ellipsoid, &EllipsoidRecord::SemiMajor),
-    In("Flattering", &ProjectRecord::Ellipsoid, &EllipsoidRecord::Flattering),
-    In("ProjectionType", &ProjectRecord::Projection, &ProjectionRecord::ProjectionType),
-    ReadOnly(In("CentralMeridian", &ProjectRecord::Projection, &ProjectionRecord::CentralMeridian)),
-    In("ProjectionDescription", &ProjectRecord::Projection, &ProjectionRecord::ProjectionDescription),
-    WriteOnly(In("CentralMeridian", &ProjectRecord::Projection, &ProjectionRecord::CentralMeridian)),
-    In("OriginLatitude", &ProjectRecord::Projection, &ProjectionRecord::OriginLatitude),
-    In("FalseEasting", &ProjectRecord::Projection, &ProjectionRecord::FalseEasting),
-    In("FalseNorthing", &ProjectRecord::Projection, &ProjectionRecord::FalseNorthing),
-    In("StdParallel1", &ProjectRecord::Projection, &ProjectionRecord::StdParallel1),
-    In("StdParallel2", &ProjectRecord::Projection, &ProjectionRecord::StdParallel2),
-    In("ScaleFactor", &ProjectRecord::Projection, &ProjectionRecord::ScaleFactor),
-    In("Azimuth", &ProjectRecord::Projection, &ProjectionRecord::Azimuth),
-    In("ZoneType", &ProjectRecord::Projection, &ProjectionRecord::ZoneType),
-    In("indexZone", &ProjectRecord::Projection, &ProjectionRecord::indexZone),
+    Col("EllipsoidID", &ProjectRecord::Ellipsoid, &EllipsoidRecord::EllipsoidID),
+    Col("EllipsoidDescription", &ProjectRecord::Ellipsoid, &EllipsoidRecord::EllipsoidDescription),
+    Col("SemiMajor", &ProjectRecord::Ellipsoid, &EllipsoidRecord::SemiMajor),
+    Col("Flattering", &ProjectRecord::Ellipsoid, &EllipsoidRecord::Flattering),
+    Col("ProjectionType", &ProjectRecord::Projection, &ProjectionRecord::ProjectionType),
+    Col("CentralMeridian", &ProjectRecord::Projection, &ProjectionRecord::CentralMeridian).ReadOnly(),
+    Col("ProjectionDescription", &ProjectRecord::Projection, &ProjectionRecord::ProjectionDescription),
+    Col("CentralMeridian", &ProjectRecord::Projection, &ProjectionRecord::CentralMeridian).WriteOnly(),
+    Col("OriginLatitude", &ProjectRecord::Projection, &ProjectionRecord::OriginLatitude),
+    Col("FalseEasting", &ProjectRecord::Projection, &ProjectionRecord::FalseEasting),
+    Col("FalseNorthing", &ProjectRecord::Projection, &ProjectionRecord::FalseNorthing),
+    Col("StdParallel1", &ProjectRecord::Projection, &ProjectionRecord::StdParallel1),
+    Col("StdParallel2", &ProjectRecord::Projection, &ProjectionRecord::StdParallel2),
+    Col("ScaleFactor", &ProjectRecord::Projection, &ProjectionRecord::ScaleFactor),
+    Col("Azimuth", &ProjectRecord::Projection, &ProjectionRecord::Azimuth),
+    Col("ZoneType", &ProjectRecord::Projection, &ProjectionRecord::ZoneType),
+    Col("indexZone", &ProjectRecord::Projection, &ProjectionRecord::indexZone),
     Col("CooridnateType", &ProjectRecord::CooridnateType),
     Col("DepthUnit", &ProjectRecord::DepthUnit).Or(0),
 }};

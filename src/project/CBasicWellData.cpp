@@ -66,7 +66,7 @@ bool ReadWellID(CDbManage& db, std::string& id) { return db.GetFieldValue("WellI
 sql::Statement WellsByID(const sql::Fragment& list) { return kWellsByID(list); }
 
 void AddWellRow(CDbManage& db, const char* project, const WellRecord& w) {
-  AddKeyedRow(db, "ProjectName", project ? project : "", kWellColumns, w);
+  kWellColumns.AddKeyedRow(db, "ProjectName", project ? project : "", w);
 }
 
 void SortByWellID(std::vector<WellRecord>& wells) {

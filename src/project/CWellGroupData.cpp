@@ -132,7 +132,7 @@ class CWellGroupData final : public ProjectDataObject<IWellGroupData> {
           return true;
         },
         [&](CDbManage& db) {
-          for (const auto& g : records) AddKeyedRow(db, "ProjectName", Text(project), kGroupColumns, g);
+          for (const auto& g : records) kGroupColumns.AddKeyedRow(db, "ProjectName", Text(project), g);
         });
     return saved && Append(kMembershipColumns.table(), [&](CDbManage& db) {
              for (std::size_t i = 0; i < records.size() && i < members.size(); ++i)

@@ -41,7 +41,7 @@ class CWellListData final : public ProjectDataObject<IWellListData> {
   bool SaveWellList(const WellListRecord& record) override {
     if (!KeyGiven(record.WellListName, kEmptyName)) return false;
     return Replace(kSaveList, kReplaceList(record.WellListName), [&](CDbManage& db) {
-      for (const auto& item : record.Wells) AddKeyedRow(db, "WellListName", record.WellListName, kItemColumns, item);
+      for (const auto& item : record.Wells) kItemColumns.AddKeyedRow(db, "WellListName", record.WellListName, item);
     });
   }
 

@@ -1,10 +1,7 @@
 #pragma once
 // What the project and well master classes share beyond the data-object verbs:
-// refusing an empty key with the class's message, probing a table on its own,
-// deletes whose result is not looked at, a record whose key is copied in from
-// the operation's argument once its row is found, name lookups that fall back
-// to the ID, and rows whose key column comes from the argument rather than
-// from the record.
+// the group membership rows, display names, name lookups that fall back to the
+// ID, and the code tables (system parameters, users, units).
 #include <span>
 #include <string>
 #include <vector>
@@ -19,16 +16,6 @@ struct Membership {
   std::string WellID;
 };
 extern const ColumnTable<Membership> kMembershipColumns;
-
-// Begins a row, sets `keyColumn` to the operation's `key` (the record does not
-// hold it), then writes the record's columns.
-template <class Record>
-void AddKeyedRow(CDbManage& db, const char* keyColumn, const std::string& key, const ColumnTable<Record>& columns,
-                 const Record& record) {
-  db.AddNew();
-  db.SetFieldValue(keyColumn, key.c_str());
-  columns.Write(db, record);
-}
 
 // Reads a name column and an ID column of the current row into `name`; an
 // empty name gives the ID.
@@ -58,13 +45,6 @@ class ProjectDataObject : public CDataObject<Interface> {
  protected:
   using CDataObject<Interface>::connectionString;
 
-  // True when `key` is not empty; otherwise shows `empty` and is false.
-  static bool KeyGiven(const std::string& key, const Message& empty) {
-    if (!key.empty()) return true;
-    empty.Show();
-    return false;
-  }
-
   // Saves a code table's row: refuses an empty key, then probes, runs
   // `remove()` (the class's delete; false ends the save silently) and writes
   // `row` as it stands after `remove()`.
@@ -80,37 +60,6 @@ class ProjectDataObject : public CDataObject<Interface> {
   // missing table, otherwise the statement's result.
   bool DeleteCodeRow(const CodeTable& t, const char* key, const Statement& statement) const {
     return KeyGiven(key ? key : "", t.emptyKey) && this->ExecuteOnTable(t.save.table, statement);
-  }
-
-  // True when `table` answers its probe (not 2).
-  bool TableAnswers(const char* table) const {
-    CDbManage db(connectionString.c_str());
-    return !TableMissing(db, table);
-  }
-
-  // Probes `table` (showing `tableMissing` and answering false when it is
-  // missing), then runs the statement; true whatever the statement did.
-  bool ExecuteIfTable(const char* table, const Statement& statement, const Message& tableMissing = {}) const {
-    CDbManage db(connectionString.c_str());
-    if (TableMissing(db, table)) {
-      tableMissing.Show();
-      return false;
-    }
-    db.ExecuteSQL(statement.c_str());
-    return true;
-  }
-
-  // The first row of the statement into `record`: once a row is found,
-  // `found()` runs (it copies the operation's key into the record), then the
-  // columns are read. False when no row is found or a required column cannot
-  // be read (what was set before stays).
-  template <class Record, class FoundFn>
-  bool LoadOneAfter(const Statement& statement, const ColumnTable<Record>& columns, Record& record,
-                    FoundFn&& found) const {
-    CDbManage db(connectionString.c_str());
-    if (db.GetDataFromDB(statement.c_str()) != kRowsFound) return false;
-    found();
-    return columns.Read(db, record);
   }
 
   // The first row of `byName`, or, when `fallback` says so, of `byID`.

@@ -3,7 +3,6 @@
 #include "welllog/WellLogCommon.h"
 
 using namespace petrodb;
-using welllog::Given;
 
 namespace {
 
@@ -84,12 +83,12 @@ class CCurveDictionary final : public CDataObject<ICurveDictionary> {
   bool SaveTemplates(int, const std::vector<CurveTemplate>& entries) override {
     const auto names = Names(entries);
     if (kDeleteTemplates(sql::QuoteEach(names)).refused()) return false;
-    return ReplaceAfter(kSaveAfterDelete, welllog::Regardless([&] { DeleteTemplates(names); }),
+    return ReplaceAfter(kSaveAfterDelete, Regardless([&] { DeleteTemplates(names); }),
                         [&](CDbManage& db) { kTemplateColumns.AddRows(db, entries); });
   }
 
   bool DeleteTemplate(const char* curveName) override {
-    return Given(curveName, kEmptyCurve) && ExecuteOnTable(kTable, kDeleteTemplate(curveName));
+    return KeyGiven(curveName, kEmptyCurve) && ExecuteOnTable(kTable, kDeleteTemplate(curveName));
   }
 
   bool DeleteTemplates(std::vector<std::string> names) override {
@@ -98,7 +97,7 @@ class CCurveDictionary final : public CDataObject<ICurveDictionary> {
 
   // The project is only checked for being given: the dictionary is global.
   bool DeleteAllTemplates(const char* projectName) override {
-    return Given(projectName, welllog::kEmptyProject) && ExecuteOnTable(kTable, kDeleteAll());
+    return KeyGiven(projectName, welllog::kEmptyProject) && ExecuteOnTable(kTable, kDeleteAll());
   }
   PETRODB_DATA_CLASS
 };

@@ -3,7 +3,6 @@
 #include "welllog/WellLogCommon.h"
 
 using namespace petrodb;
-using welllog::Given;
 using welllog::kEmptyProject;
 using welllog::kEmptyWell;
 
@@ -72,13 +71,13 @@ class CDeviateData final : public CDataObject<IDeviateData> {
   bool IsSurveyExist(const char* wellID) override { return Exists(kSurveyExists(wellID)); }
 
   bool SaveSurvey(const DeviationSurvey& survey) override {
-    if (!Given(survey.WellID, kEmptyWell)) return false;
+    if (!KeyGiven(survey.WellID, kEmptyWell)) return false;
     const Statement remove = kDeleteWell(survey.WellID);
     if (!survey.Md.empty())
       return Replace(kSaveOne, remove, [&](CDbManage& db) { kSurveyColumns.AddRow(db, survey); });
     // A survey without stations removes the stored one and begins no rows; the
     // delete's own result is not looked at.
-    if (remove.refused() || !welllog::TableAnswers(connectionString, kTable)) return false;
+    if (remove.refused() || !TableAnswers(kTable)) return false;
     Execute(remove);
     return true;
   }
@@ -94,14 +93,14 @@ class CDeviateData final : public CDataObject<IDeviateData> {
     std::vector<std::string> wells;
     for (const auto& s : surveys) wells.push_back(s.WellID);
     if (kDeleteWells(sql::QuoteEach(wells)).refused()) return false;
-    return ReplaceAfter(kSaveAfterDelete, welllog::Regardless([&] { DeleteSurveys(wells); }), [&](CDbManage& db) {
+    return ReplaceAfter(kSaveAfterDelete, Regardless([&] { DeleteSurveys(wells); }), [&](CDbManage& db) {
       for (const auto& s : surveys)
         if (!s.Md.empty() && !s.Tvd.empty() && !s.Xcoor.empty()) kSurveyColumns.AddRow(db, s);
     });
   }
 
   bool DeleteSurvey(const char* wellID) override {
-    return Given(wellID, kEmptyWell) && ExecuteOnTable(kTable, kDeleteWell(wellID));
+    return KeyGiven(wellID, kEmptyWell) && ExecuteOnTable(kTable, kDeleteWell(wellID));
   }
 
   bool DeleteSurveys(std::vector<std::string> wellIDs) override {
@@ -109,7 +108,7 @@ class CDeviateData final : public CDataObject<IDeviateData> {
   }
 
   bool DeleteProjectSurveys(const char* projectName) override {
-    return Given(projectName, kEmptyProject) && ExecuteOnTable(kTable, kDeleteProject(projectName));
+    return KeyGiven(projectName, kEmptyProject) && ExecuteOnTable(kTable, kDeleteProject(projectName));
   }
   PETRODB_DATA_CLASS
 };

@@ -7,7 +7,6 @@
 #include "welllog/WellLogCommon.h"
 
 using namespace petrodb;
-using welllog::Given;
 using welllog::kEmptyProject;
 using welllog::kEmptyWell;
 
@@ -355,7 +354,7 @@ class CLogData final : public CDataObject<ILogData> {
   }
 
   bool GetStoredCurveNames(const WellLog& log, std::vector<std::string>& storedNames) override {
-    if (!welllog::TableAnswers(connectionString, kTable)) return false;
+    if (!TableAnswers(kTable)) return false;
     return ListColumn(kStoredNames(log.WellID, sql::QuoteEach(CurveNames(log))), "CurveName", storedNames,
                       Fill::Append)
         .found();
@@ -363,7 +362,7 @@ class CLogData final : public CDataObject<ILogData> {
 
   // The record's curves go through DeleteCurves first; its failure ends the save.
   bool SaveWellLog(const WellLog& log) override {
-    if (!Given(log.WellID, kEmptyWell)) return false;
+    if (!KeyGiven(log.WellID, kEmptyWell)) return false;
     if (log.Curves.empty()) return false;
     if (ReportMismatch(log)) return false;
     return ReplaceAfter(
@@ -390,7 +389,7 @@ class CLogData final : public CDataObject<ILogData> {
   // The depth curve goes too when no other curve uses it; then the well's
   // orphans are purged. Answers the curve's delete.
   bool DeleteCurve(const char* wellID, const char* curveName) override {
-    if (!Given(wellID, kEmptyWell)) return false;
+    if (!KeyGiven(wellID, kEmptyWell)) return false;
     // One session for the probe, the lookups and the deletes, in this order.
     CDbManage db(connectionString.c_str());
     if (TableMissing(db, kTable)) return false;
@@ -405,11 +404,11 @@ class CLogData final : public CDataObject<ILogData> {
   }
 
   bool DeleteCurves(const char* wellID, const std::vector<std::string>& curveNames) override {
-    return Given(wellID, kEmptyWell) && ExecuteOnTable(kTable, kDeleteCurves(sql::QuoteEach(curveNames), wellID));
+    return KeyGiven(wellID, kEmptyWell) && ExecuteOnTable(kTable, kDeleteCurves(sql::QuoteEach(curveNames), wellID));
   }
 
   bool DeleteWellLog(const char* wellID) override {
-    return Given(wellID, kEmptyWell) && ExecuteOnTable(kTable, kDeleteWell(wellID));
+    return KeyGiven(wellID, kEmptyWell) && ExecuteOnTable(kTable, kDeleteWell(wellID));
   }
 
   bool DeleteWellLogs(const std::vector<std::string>& wellIDs) override {
@@ -417,7 +416,7 @@ class CLogData final : public CDataObject<ILogData> {
   }
 
   bool DeleteProjectLogs(const char* projectName) override {
-    return Given(projectName, kEmptyProject) && ExecuteOnTable(kTable, kDeleteProject(projectName));
+    return KeyGiven(projectName, kEmptyProject) && ExecuteOnTable(kTable, kDeleteProject(projectName));
   }
 
   bool IsCurveExist(const char* wellID, const char* curveName) override {

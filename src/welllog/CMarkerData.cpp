@@ -8,7 +8,6 @@
 #include "welllog/WellLogCommon.h"
 
 using namespace petrodb;
-using welllog::Given;
 using welllog::kEmptyProject;
 using welllog::kEmptyWell;
 
@@ -116,7 +115,7 @@ class CMarkerData final : public CDataObject<IMarkerData> {
   bool HasMarkers(const char* wellID) override { return Exists(kHasMarkers(wellID, kSource)); }
 
   bool SaveWellMarkers(const WellMarkers& wellMarkers) override {
-    if (!Given(wellMarkers.WellID, kEmptyWell)) return false;
+    if (!KeyGiven(wellMarkers.WellID, kEmptyWell)) return false;
     // The well head and the survey; a well or survey that cannot be read leaves
     // a vertical hole at the origin (a survey keeps the arrays read before the
     // first null one).
@@ -147,7 +146,7 @@ class CMarkerData final : public CDataObject<IMarkerData> {
     std::vector<std::string> wells;
     for (const auto& w : list) wells.push_back(w.WellID);
     if (kDeleteMarkersOfWells(kSource, sql::QuoteEach(wells, ", ")).refused()) return false;
-    if (!welllog::TableAnswers(connectionString, kMarkers)) return false;
+    if (!TableAnswers(kMarkers)) return false;
     DeleteMarkersOfWells(wells);
     bool ok = true;
     for (const auto& w : list) ok = SaveWellMarkers(w) && ok;
@@ -155,7 +154,7 @@ class CMarkerData final : public CDataObject<IMarkerData> {
   }
 
   bool DeleteWellMarkers(const char* wellID) override {
-    return Given(wellID, kEmptyWell) && ExecuteOnTable(kMarkers, kDeleteWellMarkers(wellID, kSource));
+    return KeyGiven(wellID, kEmptyWell) && ExecuteOnTable(kMarkers, kDeleteWellMarkers(wellID, kSource));
   }
 
   bool DeleteMarkersOfWells(const std::vector<std::string>& wellIDs) override {
@@ -163,7 +162,7 @@ class CMarkerData final : public CDataObject<IMarkerData> {
   }
 
   bool DeleteProjectMarkers(const char* projectName) override {
-    return Given(projectName, kEmptyProject) && ExecuteOnTable(kMarkers, kDeleteProjectMarkers(kSource, projectName));
+    return KeyGiven(projectName, kEmptyProject) && ExecuteOnTable(kMarkers, kDeleteProjectMarkers(kSource, projectName));
   }
   PETRODB_DATA_CLASS
 

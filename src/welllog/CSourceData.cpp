@@ -5,7 +5,6 @@
 #include "welllog/WellLogCommon.h"
 
 using namespace petrodb;
-using welllog::Given;
 using welllog::kEmptyProject;
 using welllog::kEmptyWell;
 
@@ -153,10 +152,10 @@ class CSourceData final : public CDataObject<ISourceData> {
   bool HasMarkers(const char* source, const char* wellID) override { return Exists(kHasMarkers(wellID, source)); }
 
   bool SaveWellMarkers(const char* source, const WellMarkers& wellMarkers) override {
-    if (!Given(wellMarkers.WellID, kEmptyWell)) return false;
+    if (!KeyGiven(wellMarkers.WellID, kEmptyWell)) return false;
     const Statement remove = kDeleteWellMarkers(wellMarkers.WellID, source);
     const DateTime now = DateTime::Now();
-    return ReplaceAfter(kSaveMarkers, welllog::DeletesThatMustRun({&remove, 1}), [&](CDbManage& db) {
+    return ReplaceAfter(kSaveMarkers, DeletesThatMustRun({&remove, 1}), [&](CDbManage& db) {
       for (const auto& marker : wellMarkers.Markers) markers::Write(db, Text0(source), wellMarkers.WellID, marker, now);
     });
   }
@@ -168,7 +167,7 @@ class CSourceData final : public CDataObject<ISourceData> {
   }
 
   bool DeleteWellMarkers(const char* source, const char* wellID) override {
-    return Given(wellID, kEmptyWell) && ExecuteOnTable(kMarkers, kDeleteWellMarkers(wellID, source));
+    return KeyGiven(wellID, kEmptyWell) && ExecuteOnTable(kMarkers, kDeleteWellMarkers(wellID, source));
   }
 
   bool DeleteMarkersOfWells(const char* source, const std::vector<std::string>& wellIDs) override {
@@ -176,7 +175,7 @@ class CSourceData final : public CDataObject<ISourceData> {
   }
 
   bool DeleteProjectMarkers(const char* source, const char* projectName) override {
-    return Given(projectName, kEmptyProject) && ExecuteOnTable(kMarkers, kDeleteProjectMarkers(source, projectName));
+    return KeyGiven(projectName, kEmptyProject) && ExecuteOnTable(kMarkers, kDeleteProjectMarkers(source, projectName));
   }
 
   bool DeleteMarker(const char* source, const char* wellID, const char* markerName) override {
@@ -189,15 +188,15 @@ class CSourceData final : public CDataObject<ISourceData> {
 
   bool GetAttributes(const char* projectName, const char* source, std::vector<MarkerAttribute>& attributes) override {
     return LoadRows(kAttributes(projectName, source), attributes, Fill::Clear,
-                    welllog::ReadAs<MarkerAttribute>(kAttributeColumns))
+                    ReadAs<MarkerAttribute>(kAttributeColumns))
         .found();
   }
 
   bool SaveAttribute(const char* projectName, const char* source, const MarkerAttribute& attribute) override {
-    if (!Given(projectName, kEmptyProject)) return false;
+    if (!KeyGiven(projectName, kEmptyProject)) return false;
     const Statement remove = kDeleteAttribute(projectName, source, attribute.AttribName);
     const AttributeRow row{attribute, projectName, Text0(source)};
-    return ReplaceAfter(kSaveAttribute, welllog::DeletesThatMustRun({&remove, 1}),
+    return ReplaceAfter(kSaveAttribute, DeletesThatMustRun({&remove, 1}),
                         [&](CDbManage& db) { kAttributeColumns.AddRow(db, row); });
   }
 
@@ -214,7 +213,7 @@ class CSourceData final : public CDataObject<ISourceData> {
   }
 
   bool DeleteAttributes(const char* projectName, const char* source) override {
-    return Given(projectName, kEmptyProject) && ExecuteOnTable(kAttributeTable, kDeleteAttributes(projectName, source));
+    return KeyGiven(projectName, kEmptyProject) && ExecuteOnTable(kAttributeTable, kDeleteAttributes(projectName, source));
   }
 
   bool LoadMarkerAttributeValues(const char* source, const char* wellID, const char* markerName,
@@ -242,7 +241,7 @@ class CSourceData final : public CDataObject<ISourceData> {
       deletes.push_back(kReplaceValue(v.WellID, v.MarkerName, v.AttribName, source));
       rows.push_back({v, Text0(source)});
     }
-    return ReplaceAfter(kSaveValues, welllog::DeletesThatMustRun(deletes),
+    return ReplaceAfter(kSaveValues, DeletesThatMustRun(deletes),
                         [&](CDbManage& db) { kValueColumns.AddRows(db, rows); });
   }
 
@@ -261,7 +260,7 @@ class CSourceData final : public CDataObject<ISourceData> {
   }
 
   bool DeleteProjectAttributeValues(const char* projectName, const char* source) override {
-    return Given(projectName, kEmptyProject) &&
+    return KeyGiven(projectName, kEmptyProject) &&
            ExecuteOnTable(kValueTable, kDeleteProjectValues(source, kValueOfProject(projectName)));
   }
   PETRODB_DATA_CLASS
@@ -271,7 +270,7 @@ class CSourceData final : public CDataObject<ISourceData> {
     return LoadRows(statement, records, Fill::Clear, markers::ReadStored).found();
   }
   bool LoadValues(const Statement& statement, std::vector<MarkerAttributeValue>& values) const {
-    return LoadRows(statement, values, Fill::Clear, welllog::ReadAs<MarkerAttributeValue>(kValueColumns)).found();
+    return LoadRows(statement, values, Fill::Clear, ReadAs<MarkerAttributeValue>(kValueColumns)).found();
   }
 };
 
