@@ -65,22 +65,22 @@ class IBasicWellData : public IDataBase {
   // project's groups, then tests the pair's membership.
   virtual bool IsWellNameInGroup(const char* project, const char* groupName, const char* wellName) = 0;
   virtual bool IsWellNameExist(const char* project, const char* wellName) = 0;
-  // Appends the group's wells of the project, in WellID order. A group
+  // Fills the list (emptied first) with the group's wells of the project, in WellID order. A group
   // without members gives true and nothing.
   virtual bool LoadGroupWells(const char* project, const char* groupID, std::vector<WellRecord>& records) = 0;
-  // Appends every well of the project.
+  // Fills the list (emptied first) with every well of the project.
   virtual bool LoadProjectWells(const char* project, std::vector<WellRecord>& records) = 0;
-  // Appends the IDs of the group's wells that belong to the project, in order.
+  // Fills the list (emptied first) with the IDs of the group's wells that belong to the project, in order.
   virtual bool GetGroupWellIDs(const char* project, const char* groupID, std::vector<std::string>& ids) = 0;
-  // Appends the project's well IDs in order.
+  // Fills the list (emptied first) with the project's well IDs in order.
   virtual bool GetProjectWellIDs(const char* project, std::vector<std::string>& ids) = 0;
-  // Appends the names of the wells of the group found by name (first group
+  // Fills the list (emptied first) with the names of the wells of the group found by name (first group
   // of that name); a well with an empty name gives its WellID.
   virtual bool GetGroupWellNames(const char* project, const char* groupName, std::vector<std::string>& names) = 0;
-  // Appends the project's well names in WellID order; an empty name gives
+  // Fills the list (emptied first) with the project's well names in WellID order; an empty name gives
   // the WellID.
   virtual bool GetProjectWellNames(const char* project, std::vector<std::string>& names) = 0;
-  // Appends the wells with these IDs in any project; batches of ten.
+  // Fills the list (emptied first) with the wells with these IDs in any project; batches of ten.
   virtual bool LoadWellsByIDs(const std::vector<std::string>& ids, std::vector<WellRecord>& records) = 0;
   // The first well with this ID in any project.
   virtual bool LoadWell(const char* wellID, WellRecord& record) = 0;
@@ -92,7 +92,7 @@ class IBasicWellData : public IDataBase {
   virtual bool LoadWellByName(const char* name, WellRecord& record) = 0;
   // LoadWellByName(const char*, ...) with a std::string argument.
   virtual bool LoadWellByName(const std::string& name, WellRecord& record) = 0;
-  // Appends the IDs of every membership row (all groups, all projects).
+  // Fills the list (emptied first) with the IDs of every membership row (all groups, all projects).
   virtual bool GetGroupedWellIDs(std::vector<std::string>& ids) = 0;
   // The display names of every grouped well in WellID order:
   // GetGroupedWellIDs, then LoadWellsByIDs; an empty name gives the WellID.
@@ -140,10 +140,11 @@ class IBasicWellData : public IDataBase {
   // Deletes rows with the record's WellID in every project, then writes the
   // row for this project. Refuses an empty WellID with a message.
   virtual bool ReplaceWell(const char* project, const WellRecord& record) = 0;
-  // Appends to found the IDs among ids that exist in the project.
+  // Fills found (emptied first) with the IDs among ids that exist in the
+  // project; an empty ids list cannot run and is false.
   virtual bool FilterExistingWells(const char* project, const std::vector<std::string>& ids,
                                    std::vector<std::string>& found) = 0;
-  // Appends the rows in one save, without deleting first.
+  // Writes the rows in one save, without deleting first.
   virtual bool AppendWells(const char* project, const std::vector<WellRecord>& records) = 0;
   virtual bool RemoveWell(const char* wellID, const char* project) = 0;
   // idList is the caller's SQL value list.

@@ -31,18 +31,18 @@ class IWellGroupData : public IDataBase {
 
   virtual bool IsGroupIDExist(const char* project, const char* groupID) = 0;
   virtual bool IsGroupNameExist(const char* project, const char* groupName) = 0;
-  // Appends the project's groups.
+  // Fills the list (emptied first) with the project's groups.
   virtual bool LoadProjectGroups(const char* project, std::vector<WellGroupRecord>& records) = 0;
-  // Appends the project's group IDs in order.
+  // Fills the list (emptied first) with the project's group IDs in order.
   virtual bool GetGroupIDs(const char* project, std::vector<std::string>& ids) = 0;
-  // Appends the project's group names in GroupID order; an empty name gives
+  // Fills the list (emptied first) with the project's group names in GroupID order; an empty name gives
   // the GroupID.
   virtual bool GetGroupNames(const char* project, std::vector<std::string>& names) = 0;
-  // Appends the groups with these IDs in any project; batches of ten.
+  // Fills the list (emptied first) with the groups with these IDs in any project; batches of ten.
   virtual bool LoadGroupsByIDs(const std::vector<std::string>& ids, std::vector<WellGroupRecord>& records) = 0;
   // The first group with this ID in any project.
   virtual bool LoadGroup(const char* groupID, WellGroupRecord& record) = 0;
-  // Appends the groups with these names, ten at a time; a batch that finds no
+  // Fills the list (emptied first) with the groups with these names, ten at a time; a batch that finds no
   // row by name is matched by ID instead.
   virtual bool LoadGroupsByNames(const std::vector<std::string>& names, std::vector<WellGroupRecord>& records) = 0;
   // The group with this name, or else the group with this ID.
