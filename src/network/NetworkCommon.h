@@ -1,0 +1,67 @@
+#pragma once
+// What the network and equipment classes share beyond the verbs of CDataObject:
+// the refusal of an empty key, a type number column that also fills its type
+// name, and reading only the columns a statement selects.
+#include <array>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "dbaccess/DataObject.h"
+
+namespace petrodb::network {
+
+inline constexpr Message kSaveFailed = ErrorMessage("保存数据库出错！");
+
+// True when `key` is given; otherwise shows `empty` and answers false, before
+// any database access.
+inline bool Given(const char* key, const Message& empty) {
+  if (key && *key) return true;
+  empty.Show();
+  return false;
+}
+inline bool Given(const std::string& key, const Message& empty) { return Given(key.c_str(), empty); }
+
+// Runs `statement(key)` for each key on one session of `connection`, every one
+// whatever the others answer; true when all succeeded.
+template <class StatementFn>
+bool ExecuteForEach(const std::string& connection, const std::vector<std::string>& keys, StatementFn statement) {
+  CDbManage db(connection.c_str());
+  bool ok = true;
+  for (const auto& key : keys) ok = db.ExecuteSQL(statement(key).c_str()) && ok;
+  return ok;
+}
+
+// A type number column whose reading also sets the type name: names[type], or
+// "" for a number outside the table. The name is not a column and is not written.
+template <class Record, std::size_t N>
+Column<Record> TypeColumn(const char* name, int Record::*type, std::string Record::*typeName,
+                          const std::array<const char*, N>& names) {
+  Column<Record> c = Col(name, type);
+  c.get = [name, type, typeName, &names](const CDbManage& db, Record& r) {
+    if (!columns::ReadValue(db, name, r.*type)) return false;
+    const int t = r.*type;
+    r.*typeName = t >= 0 && static_cast<std::size_t>(t) < N ? names[static_cast<std::size_t>(t)] : "";
+    return true;
+  };
+  return c;
+}
+
+// A row reader for LoadRows / LoadOne-like reads of statements that select only
+// some columns: the named columns of the table, in the table's order, the first
+// that cannot be read ending the read. The others are left as they are.
+template <class Record>
+auto Selected(const ColumnTable<Record>& table, std::initializer_list<std::string_view> names) {
+  std::vector<const Column<Record>*> chosen;
+  for (const auto& c : table.columns())
+    for (auto n : names)
+      if (n == c.name) chosen.push_back(&c);
+  return [chosen](const CDbManage& db, Record& record) {
+    for (const auto* c : chosen)
+      if (!c->get(db, record)) return false;
+    return true;
+  };
+}
+
+}  // namespace petrodb::network

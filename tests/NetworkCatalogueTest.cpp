@@ -1,0 +1,407 @@
+// The model catalogues of the network (tees, valves, flow meters, pressure
+// gauges) and the pump catalogues: one suite run over every catalogue.
+#include <tuple>
+
+#include "TestSupport.h"
+#include "petrodb/network/IAcentricPump.h"
+#include "petrodb/network/IFlowMeter.h"
+#include "petrodb/network/IMotor.h"
+#include "petrodb/network/IPressureGage.h"
+#include "petrodb/network/IPump.h"
+#include "petrodb/network/IPumpParam.h"
+#include "petrodb/network/IRodPump.h"
+#include "petrodb/network/IRodPumpParam.h"
+#include "petrodb/network/ITee.h"
+#include "petrodb/network/IValve.h"
+
+namespace petrodb::test {
+namespace {
+
+// What the suite needs to know of one catalogue: its operations, its texts and
+// a record maker. Operations a catalogue does not have are null.
+struct TeeCase {
+  static constexpr bool kOrdered = true;
+  using I = ITee;
+  using R = TeeRecord;
+  static constexpr const char* kInterface = "ITee";
+  static constexpr const char* kTable = "b_tee";
+  static constexpr const char* kKey = "TeeModel";
+  static constexpr const char* kLoadText = "select * from b_tee where TeeModel = '";
+  static constexpr const char* kLoadAllText = "select * from b_tee order by TeeModel";
+  static constexpr const char* kListText = nullptr;
+  static constexpr const char* kDeleteText = "delete from b_tee where TeeModel = '";
+  static constexpr const char* kDeleteAllText = "delete * from b_tee";
+  static constexpr const char* kEmptyKey = "三通型号不能为空！";
+  static constexpr const char* kTableMissing = "三通基本数据表为空！";
+  static constexpr auto load = &I::LoadTee;
+  static constexpr auto loadAll = &I::LoadAllTees;
+  static constexpr bool (I::*list)(std::vector<std::string>&) = nullptr;
+  static constexpr auto exists = &I::TeeExists;
+  static constexpr auto save = &I::SaveTee;
+  static constexpr auto saveAll = &I::SaveTees;
+  static constexpr auto remove = &I::DeleteTee;
+  static constexpr auto removeAll = &I::DeleteAllTees;
+  static R Make(const std::string& key, double v) { return {key, v, v * 2, "钢", "2019-5-1", "厂" + key, ""}; }
+  static auto Tie(const R& r) { return std::tie(r.TeeModel, r.TeeDia, r.TeePress, r.TeeMaterial, r.ProdDate, r.Mfr, r.Memo); }
+};
+
+struct ValveCase {
+  static constexpr bool kOrdered = true;
+  using I = IValve;
+  using R = ValveRecord;
+  static constexpr const char* kInterface = "IValve";
+  static constexpr const char* kTable = "b_valve";
+  static constexpr const char* kKey = "ValveModel";
+  static constexpr const char* kLoadText = "select * from b_valve where ValveModel = '";
+  static constexpr const char* kLoadAllText = "select * from b_valve order by ValveModel";
+  static constexpr const char* kListText = "select ValveModel from b_valve order by ValveModel";
+  static constexpr const char* kDeleteText = "delete from b_valve where ValveModel = '";
+  static constexpr const char* kDeleteAllText = "delete * from b_valve";
+  static constexpr const char* kEmptyKey = "阀门型号不能为空！";
+  static constexpr const char* kTableMissing = "阀门基本数据表为空！";
+  static constexpr auto load = &I::LoadValve;
+  static constexpr auto loadAll = &I::LoadAllValves;
+  static constexpr auto list = &I::ListValveModels;
+  static constexpr auto exists = &I::ValveExists;
+  static constexpr auto save = &I::SaveValve;
+  static constexpr auto saveAll = &I::SaveValves;
+  static constexpr auto remove = &I::DeleteValve;
+  static constexpr auto removeAll = &I::DeleteAllValves;
+  static R Make(const std::string& key, double v) { return {key, v, v + 0.5, "铸铁", "", "M", "闸阀"}; }
+  static auto Tie(const R& r) { return std::tie(r.ValveModel, r.VDia, r.VPress, r.VMaterial, r.ProdDate, r.Mfr, r.Memo); }
+};
+
+struct FlowMeterCase {
+  static constexpr bool kOrdered = true;
+  using I = IFlowMeter;
+  using R = FlowMeterRecord;
+  static constexpr const char* kInterface = "IFlowMeter";
+  static constexpr const char* kTable = "b_flow_meter";
+  static constexpr const char* kKey = "FMModel";
+  static constexpr const char* kLoadText = "select * from b_flow_meter where FMModel = '";
+  static constexpr const char* kLoadAllText = "select * from b_flow_meter order by FMModel";
+  static constexpr const char* kListText = "select FMModel from b_flow_meter order by FMModel";
+  static constexpr const char* kDeleteText = "delete from b_flow_meter where FMModel = '";
+  static constexpr const char* kDeleteAllText = "delete * from b_flow_meter";
+  static constexpr const char* kEmptyKey = "流量计型号不能为空！";
+  static constexpr const char* kTableMissing = "流量计基本数据表为空！";
+  static constexpr auto load = &I::LoadFlowMeter;
+  static constexpr auto loadAll = &I::LoadAllFlowMeters;
+  static constexpr auto list = &I::ListFlowMeterModels;
+  static constexpr auto exists = &I::FlowMeterExists;
+  static constexpr auto save = &I::SaveFlowMeter;
+  static constexpr auto saveAll = &I::SaveFlowMeters;
+  static constexpr auto remove = &I::DeleteFlowMeter;
+  static constexpr auto removeAll = &I::DeleteAllFlowMeters;
+  static R Make(const std::string& key, double v) { return {key, v, -v, 1e-9 * v, v / 3, "2020-1-2", "X", "m"}; }
+  static auto Tie(const R& r) { return std::tie(r.FMModel, r.FMP, r.FMF, r.FMT, r.FMV, r.ProdDate, r.Mfr, r.Memo); }
+};
+
+struct PressureGageCase {
+  static constexpr bool kOrdered = true;
+  using I = IPressureGage;
+  using R = PressureGageRecord;
+  static constexpr const char* kInterface = "IPressureGage";
+  static constexpr const char* kTable = "b_pressure_gage";
+  static constexpr const char* kKey = "PGModel";
+  static constexpr const char* kLoadText = "select * from b_pressure_gage where PGModel = '";
+  static constexpr const char* kLoadAllText = "select * from b_pressure_gage order by PGModel";
+  static constexpr const char* kListText = "select PGModel from b_pressure_gage order by PGModel";
+  static constexpr const char* kDeleteText = "delete from b_pressure_gage where PGModel = '";
+  static constexpr const char* kDeleteAllText = "delete * from b_pressure_gage";
+  static constexpr const char* kEmptyKey = "压力表型号不能为空！";
+  static constexpr const char* kTableMissing = "压力表基本数据表为空！";
+  static constexpr auto load = &I::LoadPressureGage;
+  static constexpr auto loadAll = &I::LoadAllPressureGages;
+  static constexpr auto list = &I::ListPressureGageModels;
+  static constexpr auto exists = &I::PressureGageExists;
+  static constexpr auto save = &I::SavePressureGage;
+  static constexpr auto saveAll = &I::SavePressureGages;
+  static constexpr auto remove = &I::DeletePressureGage;
+  static constexpr auto removeAll = &I::DeleteAllPressureGages;
+  static R Make(const std::string& key, double v) { return {key, v, v + 1, v + 2, v + 3, "", "", "表" + key}; }
+  static auto Tie(const R& r) { return std::tie(r.PGModel, r.PGP, r.PGF, r.PGT, r.PGV, r.ProdDate, r.Mfr, r.Memo); }
+};
+
+struct RodPumpCase {
+  static constexpr bool kOrdered = false;  // loaded in table order
+  using I = IRodPump;
+  using R = RodPumpRecord;
+  static constexpr const char* kInterface = "IRodPump";
+  static constexpr const char* kTable = "b_rod_pump";
+  static constexpr const char* kKey = "PumpModel";
+  static constexpr const char* kLoadText = "select * from b_rod_pump where PumpModel = '";
+  static constexpr const char* kLoadAllText = "select * from b_rod_pump";
+  static constexpr const char* kListText = "select PumpModel from b_rod_pump order by PumpModel";
+  static constexpr const char* kDeleteText = "delete from b_rod_pump where PumpModel = '";
+  static constexpr const char* kDeleteAllText = "delete * from b_rod_pump";
+  static constexpr const char* kEmptyKey = "泵型号不能为空！";
+  static constexpr const char* kTableMissing = "柱塞泵基本数据表为空！";
+  static constexpr auto load = &I::LoadRodPump;
+  static constexpr auto loadAll = &I::LoadAllRodPumps;
+  static constexpr auto list = &I::ListRodPumpModels;
+  static constexpr auto exists = &I::RodPumpExists;
+  static constexpr auto save = &I::SaveRodPump;
+  static constexpr auto saveAll = &I::SaveRodPumps;
+  static constexpr auto remove = &I::DeleteRodPump;
+  static constexpr auto removeAll = &I::DeleteAllRodPumps;
+  static R Make(const std::string& key, double v) { return {key, v, 3, "2001-1-1", "宝鸡", "", v / 7, v * 3, 0.9}; }
+  static auto Tie(const R& r) {
+    return std::tie(r.PumpModel, r.RatedPower, r.RodNum, r.ProdDate, r.Mfr, r.Memo, r.RodCC, r.RodCS, r.Conversion);
+  }
+};
+
+struct AcentricPumpCase {
+  static constexpr bool kOrdered = true;
+  using I = IAcentricPump;
+  using R = AcentricPumpRecord;
+  static constexpr const char* kInterface = "IAcentricPump";
+  static constexpr const char* kTable = "b_acentric_pump";
+  static constexpr const char* kKey = "PumpModel";
+  static constexpr const char* kLoadText = "select * from b_acentric_pump where PumpModel = '";
+  static constexpr const char* kLoadAllText = "select * from b_acentric_pump order by PumpModel";
+  static constexpr const char* kListText = "select PumpModel from b_acentric_pump order by PumpModel";
+  static constexpr const char* kDeleteText = "delete from b_acentric_pump where PumpModel = '";
+  static constexpr const char* kDeleteAllText = "delete  * from b_acentric_pump";
+  static constexpr const char* kEmptyKey = "泵型号不能为空！";
+  static constexpr const char* kTableMissing = "离心泵基本数据表为空！";
+  static constexpr auto load = &I::LoadAcentricPump;
+  static constexpr auto loadAll = &I::LoadAllAcentricPumps;
+  static constexpr auto list = &I::ListAcentricPumpModels;
+  static constexpr auto exists = &I::AcentricPumpExists;
+  static constexpr auto save = &I::SaveAcentricPump;
+  static constexpr auto saveAll = &I::SaveAcentricPumps;
+  static constexpr auto remove = &I::DeleteAcentricPump;
+  static constexpr auto removeAll = &I::DeleteAllAcentricPumps;
+  static R Make(const std::string& key, double v) { return {key, v, v + 0.25, "", "沈阳", "D" + key}; }
+  static auto Tie(const R& r) { return std::tie(r.PumpModel, r.RatedPower, r.LeafDia, r.ProdDate, r.Mfr, r.Memo); }
+};
+
+struct MotorCase {
+  static constexpr bool kOrdered = true;
+  using I = IMotor;
+  using R = MotorRecord;
+  static constexpr const char* kInterface = "IMotor";
+  static constexpr const char* kTable = "b_motor";
+  static constexpr const char* kKey = "MotorModel";
+  static constexpr const char* kLoadText = "select * from b_motor where MotorModel = '";
+  static constexpr const char* kLoadAllText = "select * from b_motor order by MotorModel";
+  static constexpr const char* kListText = nullptr;
+  static constexpr const char* kDeleteText = "delete from b_motor where MotorModel = '";
+  static constexpr const char* kDeleteAllText = "delete * from b_motor";
+  static constexpr const char* kEmptyKey = "电机型号不能为空！";
+  static constexpr const char* kTableMissing = "电机基本数据表为空！";
+  static constexpr auto load = &I::LoadMotor;
+  static constexpr auto loadAll = &I::LoadAllMotors;
+  static constexpr bool (I::*list)(std::vector<std::string>&) = nullptr;
+  static constexpr auto exists = &I::MotorExists;
+  static constexpr auto save = &I::SaveMotor;
+  static constexpr auto saveAll = &I::SaveMotors;
+  static constexpr auto remove = &I::DeleteMotor;
+  static constexpr auto removeAll = &I::DeleteAllMotors;
+  static R Make(const std::string& key, double v) { return {key, v, 0.93, 6000, v / 6, v / 4, 0.85, 2980, "", "", ""}; }
+  static auto Tie(const R& r) {
+    return std::tie(r.MotorModel, r.MPower, r.MEff, r.MV, r.MI, r.MMaxI, r.PowerFac, r.RatedRev, r.ProdDate, r.Mfr,
+                    r.Memo);
+  }
+};
+
+template <class C>
+class CatalogueSuite : public ProjectTest {
+ protected:
+  using I = typename C::I;
+  using R = typename C::R;
+  void SetUp() override {
+    ProjectTest::SetUp();
+    object_ = Make<I>(C::kInterface);
+    ASSERT_TRUE(object_);
+  }
+  bool Save(const R& r) { return (object_.get()->*C::save)(r); }
+  bool SaveAll(const std::vector<R>& rs) { return (object_.get()->*C::saveAll)(rs); }
+  bool Load(const char* key, R& r) { return (object_.get()->*C::load)(key, r); }
+  bool LoadAll(std::vector<R>& rs) { return (object_.get()->*C::loadAll)(rs); }
+  bool Exists(const char* key) { return (object_.get()->*C::exists)(key); }
+  bool Remove(const char* key) { return (object_.get()->*C::remove)(key); }
+  bool RemoveAll() { return (object_.get()->*C::removeAll)(); }
+  std::vector<std::string> Keys() { return Query(std::string("select ") + C::kKey + " from " + C::kTable + " order by " + C::kKey); }
+  // Only the message texts, with the call and caption each must have used.
+  void ExpectErrorMessages(const std::vector<std::string>& texts) {
+    EXPECT_EQ(messages_.texts(), texts);
+    for (const auto& m : messages_.messages()) {
+      EXPECT_EQ(m.style, MessageStyle::Plain);
+      EXPECT_EQ(m.caption, "错误信息");
+    }
+  }
+  std::unique_ptr<I> object_;
+};
+
+using Catalogues = ::testing::Types<TeeCase, ValveCase, FlowMeterCase, PressureGageCase, RodPumpCase,
+                                    AcentricPumpCase, MotorCase>;
+TYPED_TEST_SUITE(CatalogueSuite, Catalogues);
+
+TYPED_TEST(CatalogueSuite, RowsComeBackWholeAndInOrder) {
+  using C = TypeParam;
+  const auto b = C::Make("B-2", 2.25), a = C::Make("A-1", 100.125), c = C::Make("C-3", -7);
+  ASSERT_TRUE(this->SaveAll({b, a, c}));
+  this->sql_.clear();
+  std::vector<typename C::R> all{C::Make("stale", 0)};
+  ASSERT_TRUE(this->LoadAll(all));
+  EXPECT_EQ(this->sql_.texts(), std::vector<std::string>{C::kLoadAllText});
+  ASSERT_EQ(all.size(), 3u);
+  // Unordered loads give the rows as they were written.
+  EXPECT_EQ(C::Tie(all[0]), C::Tie(C::kOrdered ? a : b));
+  EXPECT_EQ(C::Tie(all[1]), C::Tie(C::kOrdered ? b : a));
+  EXPECT_EQ(C::Tie(all[2]), C::Tie(c));
+
+  typename C::R one;
+  this->sql_.clear();
+  ASSERT_TRUE(this->Load("B-2", one));
+  EXPECT_EQ(C::Tie(one), C::Tie(b));
+  EXPECT_EQ(this->sql_.texts(), std::vector<std::string>{std::string(C::kLoadText) + "B-2'"});
+  EXPECT_FALSE(this->Load("Z", one));
+  EXPECT_TRUE(this->Exists("C-3"));
+  EXPECT_FALSE(this->Exists("c-"));
+  if constexpr (C::list != nullptr) {
+    std::vector<std::string> keys{"stale"};
+    this->sql_.clear();
+    ASSERT_TRUE((this->object_.get()->*C::list)(keys));
+    EXPECT_EQ(keys, (std::vector<std::string>{"A-1", "B-2", "C-3"}));
+    EXPECT_EQ(this->sql_.texts(), std::vector<std::string>{C::kListText});
+  }
+  EXPECT_TRUE(this->messages_.messages().empty());
+}
+
+TYPED_TEST(CatalogueSuite, SavingAModelReplacesItsRowOnly) {
+  using C = TypeParam;
+  ASSERT_TRUE(this->SaveAll({C::Make("A", 1), C::Make("B", 2)}));
+  this->sql_.clear();
+  ASSERT_TRUE(this->Save(C::Make("A", 3)));
+  EXPECT_EQ(this->sql_.texts("GetDataFromDB"), std::vector<std::string>{C::kTable});
+  EXPECT_EQ(this->sql_.texts("ExecuteSQL"), std::vector<std::string>{std::string(C::kDeleteText) + "A'"});
+  EXPECT_EQ(this->sql_.texts("SaveData").size(), 1u);
+  EXPECT_EQ(this->Keys(), (std::vector<std::string>{"A", "B"}));
+  typename C::R a;
+  ASSERT_TRUE(this->Load("A", a));
+  EXPECT_EQ(C::Tie(a), C::Tie(C::Make("A", 3)));
+  // The bulk save appends: saving a present model again gives it two rows.
+  ASSERT_TRUE(this->SaveAll({C::Make("B", 2)}));
+  EXPECT_EQ(this->Keys(), (std::vector<std::string>{"A", "B", "B"}));
+  ASSERT_TRUE(this->SaveAll({}));
+  EXPECT_TRUE(this->messages_.messages().empty());
+}
+
+TYPED_TEST(CatalogueSuite, RefusedSavesWriteNothing) {
+  using C = TypeParam;
+  ASSERT_TRUE(this->Save(C::Make("A", 1)));
+  this->sql_.clear();
+  EXPECT_FALSE(this->Save(C::Make("", 1)));
+  this->ExpectErrorMessages({C::kEmptyKey});
+  EXPECT_TRUE(this->sql_.texts().empty());
+  // A model holding a quote cannot be deleted by its statement, so it is not written.
+  this->messages_.clear();
+  EXPECT_FALSE(this->Save(C::Make("A' or ''='", 1)));
+  EXPECT_TRUE(this->sql_.texts("ExecuteSQL").empty());
+  EXPECT_TRUE(this->sql_.texts("SaveData").empty());
+  EXPECT_TRUE(this->messages_.messages().empty());
+  EXPECT_EQ(this->Keys(), std::vector<std::string>{"A"});
+}
+
+TYPED_TEST(CatalogueSuite, AMissingTableAndAFailedWriteShowTheirMessages) {
+  using C = TypeParam;
+  this->Exec(std::string("drop table ") + C::kTable);
+  EXPECT_FALSE(this->Save(C::Make("A", 1)));
+  this->ExpectErrorMessages({C::kTableMissing});
+  EXPECT_TRUE(this->sql_.texts("ExecuteSQL").empty());
+  // A table that only has the key column: the delete runs, the insert fails.
+  this->messages_.clear();
+  this->Exec(std::string("create table ") + C::kTable + " (" + C::kKey + " varchar(40))");
+  EXPECT_FALSE(this->Save(C::Make("A", 1)));
+  this->ExpectErrorMessages({"保存数据库出错！"});
+  EXPECT_TRUE(this->Keys().empty());
+}
+
+TYPED_TEST(CatalogueSuite, DeletesByModelAndWhole) {
+  using C = TypeParam;
+  ASSERT_TRUE(this->SaveAll({C::Make("A", 1), C::Make("B", 2), C::Make("C", 3)}));
+  this->sql_.clear();
+  EXPECT_TRUE(this->Remove("B"));
+  EXPECT_TRUE(this->Remove("no such model"));
+  EXPECT_EQ(this->sql_.texts("ExecuteSQL")[0], std::string(C::kDeleteText) + "B'");
+  EXPECT_EQ(this->Keys(), (std::vector<std::string>{"A", "C"}));
+  this->sql_.clear();
+  // The Access form of the delete-all runs on project files only; a server refuses it.
+  EXPECT_EQ(this->RemoveAll(), this->jet());
+  EXPECT_EQ(this->sql_.texts("ExecuteSQL"), std::vector<std::string>{C::kDeleteAllText});
+  EXPECT_EQ(this->Keys().size(), this->jet() ? 0u : 2u);
+  std::vector<typename C::R> all{C::Make("stale", 0)};
+  EXPECT_EQ(this->LoadAll(all), !this->jet());
+  EXPECT_EQ(all.size(), this->jet() ? 0u : 2u);
+}
+
+// ---- model catalogues whose rows are the points of a model ----
+
+using PumpCatalogueTest = ProjectTest;
+
+TEST_F(PumpCatalogueTest, PumpPointsAreLoadedAndReplacedByModel) {
+  auto rod = Make<IRodPumpParam>("IRodPumpParam");
+  auto plain = Make<IPumpParam>("IPumpParam");
+  ASSERT_TRUE(rod && plain);
+  ASSERT_TRUE(rod->SaveRodPumpParamList({{"P1", 44, 20, 30}, {"P1", 38, 25, 22}, {"P2", 38, 1, 1}}));
+  sql_.clear();
+  // Replacing a model's points writes each under the model given.
+  ASSERT_TRUE(rod->SaveRodPumpParams("P1", {{"other", 56, 16, 40}, {"", 32, 30, 18}}));
+  EXPECT_EQ(sql_.texts("GetDataFromDB"), std::vector<std::string>{"b_rod_pump_param"});
+  EXPECT_EQ(sql_.texts("ExecuteSQL"), std::vector<std::string>{"delete from b_rod_pump_param where PumpModel = 'P1'"});
+  std::vector<RodPumpParamRecord> points{{"stale", 0, 0, 0}};
+  sql_.clear();
+  ASSERT_TRUE(rod->LoadRodPumpParams("P1", points));
+  EXPECT_EQ(sql_.texts(), std::vector<std::string>{"select * from b_rod_pump_param where PumpModel = 'P1' order by Dia"});
+  ASSERT_EQ(points.size(), 2u);
+  EXPECT_EQ(std::tie(points[0].PumpModel, points[0].Dia, points[1].PumpModel, points[1].Dia),
+            std::make_tuple(std::string("P1"), 32.0, std::string("P1"), 56.0));
+  EXPECT_TRUE(rod->RodPumpParamsExist("P2"));
+  EXPECT_FALSE(rod->SaveRodPumpParams("", points));
+  EXPECT_EQ(messages_.texts(), std::vector<std::string>{"泵型号不能为空！"});
+  // The delete of every point is plain SQL and runs on both engines.
+  sql_.clear();
+  ASSERT_TRUE(rod->DeleteAllRodPumpParams());
+  EXPECT_EQ(sql_.texts(), std::vector<std::string>{"delete from b_rod_pump_param "});
+  EXPECT_FALSE(rod->LoadAllRodPumpParams(points));
+
+  // The diameter of b_pump_param is text and comes back as written.
+  ASSERT_TRUE(plain->SavePumpParams("Q1", {{"", "Φ38", 20, 30}, {"", "044", 25, 22}}));
+  std::vector<PumpParamRecord> textPoints;
+  ASSERT_TRUE(plain->LoadPumpParams("Q1", textPoints));
+  ASSERT_EQ(textPoints.size(), 2u);
+  EXPECT_EQ(textPoints[1].Dia, "044");
+  ASSERT_TRUE(plain->DeletePumpParams("Q1"));
+  EXPECT_FALSE(plain->PumpParamsExist("Q1"));
+  Exec("drop table b_pump_param");
+  messages_.clear();
+  EXPECT_FALSE(plain->SavePumpParams("Q1", textPoints));
+  EXPECT_EQ(messages_.texts(), std::vector<std::string>{"泵特性数据表为空！"});
+}
+
+TEST_F(PumpCatalogueTest, PumpModelsReplaceTheirRow) {
+  auto pumps = Make<IPump>("IPump");
+  ASSERT_TRUE(pumps);
+  PumpRecord p{"DF-1", "多级", "2020-1-1", "2019-6-1", "大庆", "", 280.5, 2950, 9};
+  ASSERT_TRUE(pumps->SavePump(p));
+  p.Levels = 10;
+  sql_.clear();
+  ASSERT_TRUE(pumps->SavePump(p));
+  EXPECT_EQ(sql_.texts("ExecuteSQL"), std::vector<std::string>{"delete from b_pump where PumpModel = 'DF-1'"});
+  PumpRecord loaded;
+  ASSERT_TRUE(pumps->LoadPump("DF-1", loaded));
+  EXPECT_EQ(std::tie(loaded.PumpType, loaded.LeafDia, loaded.RatedRev, loaded.Levels),
+            std::make_tuple(std::string("多级"), 280.5, 2950.0, 10));
+  EXPECT_EQ(Query("select PumpModel from b_pump"), std::vector<std::string>{"DF-1"});
+  EXPECT_TRUE(pumps->DeletePump("DF-1"));
+  EXPECT_FALSE(pumps->PumpExists("DF-1"));
+  Exec("drop table b_pump");
+  EXPECT_FALSE(pumps->SavePump(p));
+  EXPECT_EQ(messages_.texts(), std::vector<std::string>{"泵基本数据表为空！"});
+}
+
+}  // namespace
+}  // namespace petrodb::test
