@@ -135,6 +135,13 @@ class CDataObject : public Interface {
     return db.GetDataFromDB(statement.c_str(), binary) == kRowsFound && columns.Read(db, record);
   }
 
+  // As LoadOne, with the class's own row reader `read(db, record)`.
+  template <class Record, class ReadFn>
+  bool LoadOneWith(const Statement& statement, ReadFn&& read, Record& record, bool binary = false) const {
+    CDbManage db(connectionString.c_str());
+    return db.GetDataFromDB(statement.c_str(), binary) == kRowsFound && read(db, record);
+  }
+
   // The first row of the statement into `record`: once a row is found,
   // `found()` runs (it may copy the operation's key into the record), then the
   // columns are read. False when no row is found or a required column cannot be

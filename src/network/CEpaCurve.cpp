@@ -38,9 +38,7 @@ class CEpaCurve final : public CDataObject<IEpaCurve> {
   }
 
   bool LoadCurve(const char* id, CurveRecord& curve) override {
-    CDbManage db(connectionString.c_str());  // a read of selected columns into the caller's record
-    return db.GetDataFromDB(kLoadCurve(id).c_str(), kArrays) == kRowsFound &&
-           Selected(kCurveColumns, {"CurveType", "CurveXY"})(db, curve);
+    return LoadOneWith(kLoadCurve(id), Selected(kCurveColumns, {"CurveType", "CurveXY"}), curve, kArrays);
   }
 
   bool LoadCurves(const std::vector<std::string>& ids, CurveMap& curves) override {
