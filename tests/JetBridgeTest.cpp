@@ -86,14 +86,19 @@ TEST_F(JetBridgeTest, MultiTableUpdateSetsTheFirstTable) {
   Exec("create table p_paths (Algo_name text, Algo_path text)");
   Exec("insert into p_params values (1, 'stack', 'old'), (1, 'filter', 'old'), (2, 'stack', 'old')");
   Exec("insert into p_paths values ('stack', 'p'), ('filter', 'q')");
-  CDbManage db(connection_.c_str());
-  EXPECT_TRUE(db.ExecuteSQL(
-      "update p_params A, p_paths B set Output_file = 'new' where A.Vsp_ProjID = 1  and B.Algo_path ='p' and "
-      "A.Output_file = 'old' and A.Algo_name = B.Algo_name"));
+  {
+    CDbManage db(connection_.c_str());
+    EXPECT_TRUE(db.ExecuteSQL(
+        "update p_params A, p_paths B set Output_file = 'new' where A.Vsp_ProjID = 1  and B.Algo_path ='p' and "
+        "A.Output_file = 'old' and A.Algo_name = B.Algo_name"));
+  }
   EXPECT_EQ(Query("select Output_file from p_params order by Vsp_ProjID, Algo_name"),
             (std::vector<std::string>{"old", "new", "old"}));
-  EXPECT_TRUE(db.ExecuteSQL("update p_params A, p_paths B set A.Output_file = B.Algo_path where A.Algo_name = "
-                            "B.Algo_name and A.Vsp_ProjID = 2"));
+  {
+    CDbManage db(connection_.c_str());
+    EXPECT_TRUE(db.ExecuteSQL("update p_params A, p_paths B set A.Output_file = B.Algo_path where A.Algo_name = "
+                              "B.Algo_name and A.Vsp_ProjID = 2"));
+  }
   EXPECT_EQ(Query("select Output_file from p_params where Vsp_ProjID = 2"), std::vector<std::string>{"p"});
 }
 

@@ -1,6 +1,7 @@
 // The PostgreSQL backend: what differs from a project file: the server
 // catalogue statements, connection recovery, batches through COPY, server
 // cursors for whole-table reads, and the Access texts a server refuses.
+#include <chrono>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
@@ -44,17 +45,20 @@ class PostgresTest : public ProjectTest {
 };
 
 TEST_F(PostgresTest, AccessOnlyTextsFailAsOnAServer) {
-  CDbManage db(connection_.c_str());
   Exec("insert into t_pg (k) values ('a')");
-  sql_.clear();
-  EXPECT_FALSE(db.ExecuteSQL("delete * from t_pg"));
-  EXPECT_EQ(db.GetDataFromDB("select * from t_pg where d < #2024-01-01#"), kFailed);
-  EXPECT_EQ(db.GetDataFromDB("select lcase(k) as k from t_pg"), kFailed);
-  // Sent as written: nothing rewrote them.
-  ASSERT_EQ(sql_.events().size(), 3u);
-  for (const auto& e : sql_.events()) EXPECT_TRUE(e.sent.empty()) << e.sent;
-  EXPECT_EQ(Query("select k from t_pg"), std::vector<std::string>{"a"});
-  EXPECT_TRUE(db.ExecuteSQL("delete from t_pg"));
+  {
+    CDbManage db(connection_.c_str());
+    sql_.clear();
+    EXPECT_FALSE(db.ExecuteSQL("delete * from t_pg"));
+    EXPECT_EQ(db.GetDataFromDB("select * from t_pg where d < #2024-01-01#"), kFailed);
+    EXPECT_EQ(db.GetDataFromDB("select lcase(k) as k from t_pg"), kFailed);
+    // Sent as written: nothing rewrote them.
+    ASSERT_EQ(sql_.events().size(), 3u);
+    for (const auto& e : sql_.events()) EXPECT_TRUE(e.sent.empty()) << e.sent;
+    // The failures undid only themselves: the session goes on.
+    EXPECT_EQ(db.GetDataFromDB("select k from t_pg"), kRowsFound);
+    EXPECT_TRUE(db.ExecuteSQL("delete from t_pg"));
+  }
   EXPECT_TRUE(Query("select k from t_pg").empty());
 }
 
@@ -278,6 +282,50 @@ TEST_F(PostgresTest, ColumnsNamedLikeSystemColumnsAreTheTablesOwn) {
   EXPECT_EQ(Query("select count(*) from b_aoi_data where xmin = 7 and xmax = 8"), std::vector<std::string>{"20"});
 }
 
+TEST_F(PostgresTest, NumbersAskedOfTextCellsAreReadFromTheText) {
+  std::string error;
+  auto conn = db::AcquireConnection(connection_, error);
+  ASSERT_TRUE(conn) << error;
+  auto cursor = conn->Query("select 'abc'::text as t, '42'::text as n, 2.5::numeric as d, 'x'::citext as c", error);
+  ASSERT_TRUE(cursor && cursor->OnRow()) << error;
+  EXPECT_EQ(cursor->Integer(0), 0);
+  EXPECT_EQ(cursor->Real(0), 0.0);
+  EXPECT_EQ(cursor->Integer(1), 42);
+  EXPECT_EQ(cursor->Real(1), 42.0);
+  EXPECT_EQ(cursor->Real(2), 2.5);
+  EXPECT_EQ(cursor->Integer(3), 0);
+  cursor.reset();
+  db::ReleaseConnection(connection_, std::move(conn));
+}
+
+TEST_F(PostgresTest, AStatementPastTheTimeLimitIsCancelled) {
+  const std::string limited = connection_ + ";Command Timeout=1";
+  CDbManage db(limited.c_str());
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_EQ(db.GetDataFromDB("select pg_sleep(30)"), kFailed);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+  EXPECT_NE(LastError().find("longer than 1 s"), std::string::npos) << LastError();
+  EXPECT_EQ(db.GetDataFromDB("select 1 as one"), kRowsFound);
+}
+
+TEST_F(PostgresTest, ALostConnectionInTheMiddleOfTheRowsFailsTheRead) {
+  ASSERT_TRUE(SaveRows(3000, [](CDbManage& db, int i) { db.SetFieldValue("i", i); }));
+  CDbManage db(connection_.c_str());
+  ASSERT_EQ(db.GetDataFromDB("select pg_backend_pid() as pid"), kRowsFound);
+  std::string pid;
+  ASSERT_TRUE(db.GetFieldValue("pid", pid));
+  ASSERT_EQ(db.GetDataFromDB("t_pg"), kRowsFound);  // a server cursor: the rows come in slices
+  int count = 0;
+  while (db.Read()) {
+    if (++count == 10) Exec("select pg_terminate_backend(" + pid + ")");
+  }
+  EXPECT_LT(count, 3000);
+  EXPECT_TRUE(db.ReadFailed());
+  EXPECT_FALSE(LastError().empty());
+  // The next statement works again, on a new connection.
+  EXPECT_EQ(db.GetDataFromDB("select count(*) as n from t_pg"), kRowsFound);
+}
+
 #ifdef PETRODB_TEST_PG_BRIDGE
 TEST(PostgresBridge, RewritesOnlyWhatMustChange) {
   using db::pg::RewriteServerForPostgres;
@@ -286,20 +334,21 @@ TEST(PostgresBridge, RewritesOnlyWhatMustChange) {
   const std::string restore =
       "RESTORE FILELISTONLY FROM DISK = '/opt/p/orvex.bak' RESTORE DATABASE Field2 FROM DISK = '/opt/p/orvex.bak' "
       "WITH MOVE 'orvex_Data' TO '/opt/p/Field2.mdf',MOVE 'orvex_Log' TO '/opt/p/Field2.ldf'";
-  const std::string sent = RewriteServerForPostgres(restore);
-  EXPECT_EQ(sent, "create database field2; \\connect field2; \\i '/opt/p/orvex.bak'");
-  db::pg::RestorePlan plan;
-  ASSERT_TRUE(db::pg::ParseRestore(sent, plan));
-  EXPECT_EQ(plan.database, "field2");
-  EXPECT_EQ(plan.backup, "/opt/p/orvex.bak");
-  // A name the server would not take unquoted is not turned into a statement.
+  // The trace describes the restore; the backend gets it as a request, never as this text.
+  EXPECT_EQ(RewriteServerForPostgres(restore), "create database field2; \\connect field2; \\i '/opt/p/orvex.bak'");
+  const auto request = db::pg::RestoreFor(restore);
+  ASSERT_TRUE(request);
+  EXPECT_EQ(request->database, "field2");
+  EXPECT_EQ(request->backup, "/opt/p/orvex.bak");
+  EXPECT_FALSE(db::pg::RestoreFor(RewriteServerForPostgres(restore)));
+  // A name the server would not take unquoted is not turned into a request.
   const std::string odd = sql::ReplaceFirst(restore, "DATABASE Field2", "DATABASE x;drop");
   EXPECT_EQ(RewriteServerForPostgres(odd), odd);
-  EXPECT_FALSE(db::pg::ParseRestore(odd, plan));
-  // Access forms stay as written; unpadded date literals are padded.
+  EXPECT_FALSE(db::pg::RestoreFor(odd));
+  // Access forms and date literals stay as written: the server reads dates itself.
   EXPECT_EQ(RewriteServerForPostgres("delete * from t where d < #2024-1-2#"), "delete * from t where d < #2024-1-2#");
   EXPECT_EQ(RewriteServerForPostgres("select * from t where d = '2024-1-2 3:4:5'"),
-            "select * from t where d = '2024-01-02 03:04:05'");
+            "select * from t where d = '2024-1-2 3:4:5'");
   // System column names are quoted outside literals and quoted names only.
   EXPECT_EQ(RewriteServerForPostgres("select a.XMIN, \"xmax\", 'xmin' from b_aoi_data a where Xmax>1 and xminimum=2"),
             "select a.\"Xmin\", \"xmax\", 'xmin' from b_aoi_data a where \"Xmax\">1 and xminimum=2");

@@ -4,11 +4,15 @@
 #include <cstring>
 #include <fstream>
 #include <limits>
+#include <atomic>
+#include <filesystem>
+#include <thread>
 
 #include "TestSupport.h"
 #include "dbaccess/DbManage.h"
 #include "dbaccess/Pool.h"
 #include "dbaccess/SqlText.h"
+#include "dbaccess/Trace.h"
 
 namespace petrodb::test {
 namespace {
@@ -272,12 +276,14 @@ TEST_F(SessionTest, TraceShowsEveryStatementWithItsResult) {
 TEST_F(SessionTest, TraceFileGetsOneJsonObjectPerStatement) {
   const std::string path = (dir_ / "trace.jsonl").string();
   setenv("PETRODB_SQL_TRACE", path.c_str(), 1);
+  db::ReloadTraceEnvironment();  // the variable is otherwise read once per process
   {
     CDbManage db(connection_.c_str());
     db.ExecuteSQL("delete from t_session where k = 'say \"hi\"'");
     db.GetDataFromDB("select * from missing_table");
   }
   unsetenv("PETRODB_SQL_TRACE");
+  db::ReloadTraceEnvironment();
   std::ifstream in(path);
   std::string first, second;
   std::getline(in, first);
@@ -299,9 +305,12 @@ TEST_F(SessionTest, TheNextSessionReusesThePooledConnection) {
     EXPECT_EQ(db.GetDataFromDB("t_session"), kNoRows);
   }
   EXPECT_EQ(db::ConnectionsOpened(), before);
-  // Two sessions at once need two connections.
+  // A session opened inside another on the same thread shares its connection;
+  // a session on another thread meanwhile needs one of its own.
   CDbManage a(connection_.c_str());
   CDbManage b(connection_.c_str());
+  EXPECT_EQ(db::ConnectionsOpened(), before);
+  std::thread([&] { CDbManage c(connection_.c_str()); }).join();
   EXPECT_EQ(db::ConnectionsOpened(), before + 1);
 }
 
@@ -315,6 +324,170 @@ TEST_F(SessionTest, AWriterIsNotBlockedByAnOpenRead) {
   reader.AddNew();
   reader.SetFieldValue("k", "b");
   EXPECT_TRUE(reader.SaveData());
+}
+
+TEST_F(SessionTest, AFailedCallTellsTheEnginesReasonInTheTraceAndLastError) {
+  const std::string path = (dir_ / "errors.jsonl").string();
+  setenv("PETRODB_SQL_TRACE", path.c_str(), 1);
+  db::ReloadTraceEnvironment();
+  {
+    CDbManage db(connection_.c_str());
+    EXPECT_EQ(db.GetDataFromDB("select * from no_such_table_here"), kFailed);
+    EXPECT_NE(LastError().find("no_such_table_here"), std::string::npos) << LastError();
+    EXPECT_TRUE(db.ExecuteSQL("delete from t_session"));
+  }
+  unsetenv("PETRODB_SQL_TRACE");
+  db::ReloadTraceEnvironment();
+  const auto& e = sql_.events();
+  ASSERT_EQ(e.size(), 2u);
+  EXPECT_NE(e[0].error.find("no_such_table_here"), std::string::npos) << e[0].error;
+  EXPECT_EQ(e[1].error, "");
+  std::ifstream in(path);
+  std::string failed, succeeded;
+  std::getline(in, failed);
+  std::getline(in, succeeded);
+  EXPECT_NE(failed.find(", \"error\": \""), std::string::npos) << failed;
+  EXPECT_NE(failed.find("no_such_table_here", failed.find("\"error\"")), std::string::npos) << failed;
+  EXPECT_EQ(succeeded.find("\"error\""), std::string::npos) << succeeded;
+}
+
+TEST_F(SessionTest, TheSaveTraceShowsTheStatementTheEngineRan) {
+  CDbManage db(connection_.c_str());
+  ASSERT_TRUE(db.BeginSaveData("t_session"));
+  for (int i = 0; i < 20; ++i) {  // a long run (a COPY on a server)
+    db.AddNew();
+    db.SetFieldValue("k", "a");
+    db.SetFieldValue("i", i);
+  }
+  db.AddNew();  // another shape: its own statement
+  db.SetFieldValue("k", "b");
+  ASSERT_TRUE(db.SaveData());
+  const auto& e = sql_.events();
+  ASSERT_EQ(e.size(), 2u);
+  EXPECT_EQ(e[0].text, "insert into t_session (k, i) values (?, ?)");
+  EXPECT_EQ(e[1].text, "insert into t_session (k) values (?)");
+  if (onServer()) {
+    EXPECT_EQ(e[0].sent, "copy t_session (k, i) from stdin");
+    EXPECT_EQ(e[1].sent, "insert into t_session (k) values ($1)");
+  } else {
+    EXPECT_EQ(e[0].sent, "");  // the text itself ran
+    EXPECT_EQ(e[1].sent, "");
+  }
+  // A rejected row: the failed event carries the reason, and nothing is kept.
+  sql_.clear();
+  db.BeginSaveData("t_session");
+  db.AddNew();
+  db.SetFieldValue("k", "c");
+  db.SetFieldValue("no_such_column", 1);
+  EXPECT_FALSE(db.SaveData());
+  ASSERT_EQ(sql_.events().size(), 1u);
+  EXPECT_EQ(sql_.events()[0].result, 0);
+  EXPECT_NE(sql_.events()[0].error.find("no_such_column"), std::string::npos) << sql_.events()[0].error;
+  EXPECT_EQ(Query("select count(*) from t_session"), std::vector<std::string>{"21"});
+}
+
+TEST_F(SessionTest, AnEmptyValueListCannotRunOnAnyEngine) {
+  Insert("", 1, 1);
+  CDbManage db(connection_.c_str());
+  for (const char* statement : {"select * from t_session where k in ()", "select * from t_session where k IN(  )",
+                                "select * from t_session where k not In (\t)",
+                                "select * from t_session where i in (select i from t_session where k in ())"}) {
+    EXPECT_EQ(db.GetDataFromDB(statement), kFailed) << statement;
+  }
+  EXPECT_FALSE(db.ExecuteSQL("delete from t_session where k in ()"));
+  EXPECT_FALSE(db.ExecuteSQL("delete from t_session where k in ( )"));
+  // A list holding one empty text is no empty list; "in ()" inside a literal is text.
+  EXPECT_EQ(db.GetDataFromDB("select * from t_session where k in ('')"), kRowsFound);
+  EXPECT_EQ(db.GetDataFromDB("select * from t_session where k = 'in ()'"), kNoRows);
+  EXPECT_EQ(db.GetDataFromDB("select * from t_session where k in ('a','b')"), kNoRows);
+  EXPECT_EQ(Query("select count(*) from t_session"), std::vector<std::string>{"1"});
+}
+
+TEST_F(SessionTest, TextIsStoredByteForByteAndOnlyDateColumnsAreDates) {
+  const std::string unpadded = "2024-1-5 3:4:5";
+  {
+    CDbManage db(connection_.c_str());
+    ASSERT_TRUE(db.BeginSaveData("b_project_data"));
+    db.AddNew();
+    db.SetFieldValue("ProjectName", "P");
+    db.SetFieldValue("Description", "1999-9-9");
+    db.SetFieldValue("CreatedDate", unpadded);
+    ASSERT_TRUE(db.SaveData());
+    ASSERT_TRUE(db.BeginSaveData("b_project_recent"));
+    db.AddNew();
+    db.SetFieldValue("projectName", "2020-2-2 2:2:2");
+    db.SetFieldValue("accessTime", unpadded);
+    ASSERT_TRUE(db.SaveData());
+    ASSERT_TRUE(db.ExecuteSQL("insert into b_project_recent (projectName, accessTime) values ('2021-3-3 3:3:3', "
+                              "'2021-3-3 3:3:3')"));
+  }
+  CDbManage db(connection_.c_str());
+  std::string text;
+  ASSERT_EQ(db.GetDataFromDB("select * from b_project_data where ProjectName = 'P'"), kRowsFound);
+  ASSERT_TRUE(db.GetFieldValue("CreatedDate", text));
+  EXPECT_EQ(text, unpadded);
+  ASSERT_TRUE(db.GetFieldValue("Description", text));
+  EXPECT_EQ(text, "1999-9-9");
+  // A text column compares with the text as written.
+  EXPECT_EQ(db.GetDataFromDB("select * from b_project_data where CreatedDate = '2024-1-5 3:4:5'"), kRowsFound);
+  EXPECT_EQ(db.GetDataFromDB("select * from b_project_recent where projectName = '2020-2-2 2:2:2'"), kRowsFound);
+  EXPECT_EQ(db.GetDataFromDB("select * from b_project_recent where projectName = '2021-3-3 3:3:3'"), kRowsFound);
+  // Date columns hold the date in one form on both engines, whatever form was written.
+  ASSERT_EQ(db.GetDataFromDB("select accessTime from b_project_recent order by accessTime"), kRowsFound);
+  std::vector<std::string> times;
+  while (db.Read() && db.GetFieldValue("accessTime", text)) times.push_back(text);
+  EXPECT_EQ(times, (std::vector<std::string>{"2021-03-03 03:03:03", "2024-01-05 03:04:05"}));
+  // ... and compare with a date written either way.
+  EXPECT_EQ(db.GetDataFromDB("select * from b_project_recent where accessTime = '2024-1-5 3:4:5'"), kRowsFound);
+  EXPECT_EQ(db.GetDataFromDB("select * from b_project_recent where accessTime = '2024-01-05 03:04:05'"), kRowsFound);
+  EXPECT_EQ(db.GetDataFromDB("select * from b_project_recent where accessTime between '2021-1-1' and '2022-1-1'"),
+            kRowsFound);
+  EXPECT_EQ(db.GetDataFromDB("select * from b_project_recent where accessTime > '2024-1-5 3:4:6'"), kNoRows);
+  EXPECT_TRUE(db.ExecuteSQL("update b_project_recent set accessTime = '2030-12-1 0:0:0' where accessTime < "
+                            "'2022-1-1 0:0:0'"));
+  EXPECT_EQ(db.GetDataFromDB("select * from b_project_recent where accessTime = '2030-12-01 00:00:00'"), kRowsFound);
+}
+
+TEST_F(SessionTest, TheRestoreFormAsCallerTextLoadsNothing) {
+  const std::string backup = (std::filesystem::path(ProgramDirectory()) / "orvex.bak").string();
+  const std::string name = "petrodb_injected_" + std::to_string(::getpid());
+  CDbManage db(connection_.c_str());
+  EXPECT_FALSE(db.ExecuteSQL(("create database " + name + "; \\connect " + name + "; \\i '" + backup + "'").c_str()));
+  if (onServer()) {
+    EXPECT_TRUE(Query("select datname from pg_database where datname = '" + name + "'").empty());
+  }
+  EXPECT_EQ(db.GetDataFromDB("select * from t_session"), kNoRows);
+}
+
+TEST(TraceSwitch, HandlersComeAndGoWhileOtherThreadsTrace) {
+  // Statements on other threads read the switch while it changes (a data race
+  // before it was atomic; the thread sanitizer reports one).
+  const auto dir = MakeTempDir();
+  const std::string file = (dir / "T.mdb").string();
+  std::filesystem::copy_file(TemplateFile(), file);
+  const std::string connection = "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + file;
+  std::atomic<int> seen{0};
+  std::atomic<bool> stop{false};
+  std::vector<std::thread> workers;
+  for (int t = 0; t < 3; ++t)
+    workers.emplace_back([&] {
+      while (!stop) {
+        CDbManage db(connection.c_str());
+        db.GetDataFromDB("select * from b_project_data");
+      }
+    });
+  for (int i = 0; i < 200; ++i) {
+    SetSqlTraceHandler([&](const SqlTraceEvent&) { ++seen; });
+    SetSqlTraceHandler({});
+  }
+  SetSqlTraceHandler([&](const SqlTraceEvent&) { ++seen; });
+  while (seen.load() == 0) std::this_thread::yield();
+  stop = true;
+  for (auto& w : workers) w.join();
+  SetSqlTraceHandler({});
+  db::ClearConnectionPool();
+  std::filesystem::remove_all(dir);
+  EXPECT_GT(seen.load(), 0);
 }
 
 }  // namespace

@@ -74,7 +74,9 @@ std::unique_ptr<TestServer> LoadServer() {
 bool ServerExec(const std::string& connection, const std::string& statement, std::string& error) {
   auto conn = db::AcquireConnection(connection, error);
   if (!conn) return false;
-  const bool ok = conn->Execute(conn->Rewrite(statement), error);
+  // The restore statement is a request to the backend, not a text it runs.
+  const auto restore = conn->AsRestore(statement);
+  const bool ok = restore ? conn->RestoreDatabase(*restore, error) : conn->Execute(conn->Rewrite(statement), error);
   db::ReleaseConnection(connection, std::move(conn));
   return ok;
 }

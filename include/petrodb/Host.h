@@ -29,6 +29,7 @@ struct SqlTraceEvent {
   std::string call;    // "GetDataFromDB", "ExecuteSQL" or "SaveData"
   int result = 0;      // GetDataFromDB: 0, 1 or 2; the others: 1 for true, 0 for false
   double ms = 0;       // elapsed milliseconds
+  std::string error;   // why the call failed, as the engine said it (with the file or server); else empty
 };
 using SqlTraceHandler = std::function<void(const SqlTraceEvent&)>;
 // Installs a statement observer (empty function: none). Independently, the
@@ -39,5 +40,13 @@ void SetSqlTraceHandler(SqlTraceHandler handler);
 // environment variable PETRODB_PROGRAM_DIR overrides it. The template project
 // "Projects.mdb" and the server backup "orvex.bak" are looked for here.
 std::string ProgramDirectory();
+
+// Why the last database call of this thread failed, in words a person can act
+// on, naming the project file or the server (never a password): "disk full: …",
+// "database is locked by another process: …", "authentication failed for user
+// … on server …", "not a project file: …". Empty when nothing failed since the
+// thread's current operation began (an operation begins when its outermost
+// session opens).
+std::string LastError();
 
 }  // namespace petrodb

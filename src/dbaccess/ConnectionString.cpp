@@ -63,9 +63,15 @@ std::vector<Pair> Split(const std::string& text) {
   return pairs;
 }
 
+// "Password", "Pwd", and every key whose last word is "password" ("Jet
+// OLEDB:Database Password", "Jet OLEDB:New Database Password").
 bool IsPasswordKey(const std::string& key) {
   const std::string k = sql::AsciiLower(key);
-  return k == "password" || k == "pwd";
+  if (k == "pwd" || k == "password") return true;
+  constexpr std::string_view kWord = "password";
+  if (k.size() <= kWord.size() || k.compare(k.size() - kWord.size(), kWord.size(), kWord) != 0) return false;
+  const char before = k[k.size() - kWord.size() - 1];
+  return before == ' ' || before == ':' || before == '_';
 }
 
 }  // namespace

@@ -2,6 +2,6 @@
 
 namespace petrodb {
 
-bool RowsFailed(const CDbManage&) { return false; }
+bool RowsFailed(const CDbManage& db) { return db.ReadFailed(); }
 
 }  // namespace petrodb

@@ -8,6 +8,7 @@
 #include <cstring>
 #include <limits>
 #include <optional>
+#include <vector>
 
 #include "dbaccess/Backend.h"
 #include "dbaccess/Pool.h"
@@ -19,6 +20,7 @@ using petrodb::db::CellKind;
 using petrodb::db::Connection;
 using petrodb::db::Cursor;
 using petrodb::db::PendingRow;
+using petrodb::db::Group;
 
 namespace {
 
@@ -30,6 +32,33 @@ bool IsBareTableName(const std::string& text) {
   for (unsigned char c : text)
     if (!(std::isalnum(c) || c == '_' || c == '$' || c == '.' || c == '[' || c == ']' || c >= 0x80)) return false;
   return true;
+}
+
+bool IsWordChar(char c) { return std::isalnum(static_cast<unsigned char>(c)) || c == '_'; }
+
+// "in ()" outside literals and quoted names, blanks allowed, IN in any case:
+// Access and SQL Server refuse such a statement; so does every engine here.
+bool HasEmptyValueList(const std::string& text) {
+  const std::size_t n = text.size();
+  for (std::size_t i = 0; i < n; ++i) {
+    const char c = text[i];
+    if (c == '\'' || c == '"' || c == '[') {
+      const char close = c == '[' ? ']' : c;
+      const auto end = text.find(close, i + 1);
+      if (end == std::string::npos) return false;
+      i = end;
+      continue;
+    }
+    if ((c != 'i' && c != 'I') || i + 1 >= n || (text[i + 1] != 'n' && text[i + 1] != 'N')) continue;
+    if ((i > 0 && IsWordChar(text[i - 1])) || (i + 2 < n && IsWordChar(text[i + 2]))) continue;
+    std::size_t k = i + 2;
+    while (k < n && std::isspace(static_cast<unsigned char>(text[k]))) ++k;
+    if (k >= n || text[k] != '(') continue;
+    ++k;
+    while (k < n && std::isspace(static_cast<unsigned char>(text[k]))) ++k;
+    if (k < n && text[k] == ')') return true;
+  }
+  return false;
 }
 
 // Converting reads: a cell to each kind a record field may hold.
@@ -88,7 +117,8 @@ class Stopwatch {
   std::chrono::steady_clock::time_point start_;
 };
 
-void Trace(const Stopwatch& watch, const std::string& text, const std::string& sent, const char* call, int result) {
+void Trace(const Stopwatch& watch, const std::string& text, const std::string& sent, const char* call, int result,
+           const std::string& error = {}) {
   if (!watch.Enabled()) return;
   petrodb::SqlTraceEvent e;
   e.text = text;
@@ -96,18 +126,165 @@ void Trace(const Stopwatch& watch, const std::string& text, const std::string& s
   e.call = call;
   e.result = result;
   e.ms = watch.Ms();
+  e.error = error;
   petrodb::db::EmitTrace(e);
 }
 
 }  // namespace
 
-struct CDbManage::Impl {
+namespace petrodb::db {
+
+// The sessions of one operation on one thread and connection string (see DbManage.h).
+struct Group : std::enable_shared_from_this<Group> {
+  Group* next = nullptr;  // the thread's other open groups
   std::string connection;
-  petrodb::db::ConnectionPtr conn;
+  ConnectionPtr conn;
+  std::string openError;  // why there is no connection
+  int members = 0;
+  bool scoped = false;    // owned by an Operation: SaveData does not commit
+  bool began = false;     // the transaction was begun (the engine may have ended it since)
+  bool failed = false;    // FAILED: the operation's writes were undone
+  std::string failure;
+
+  // READING -> WRITING before a write; false (error filled) in FAILED.
+  bool EnsureTransaction(std::string& error) {
+    if (!conn) {
+      error = openError;
+      return false;
+    }
+    if (failed) {
+      error = failure;
+      return false;
+    }
+    if (began) {
+      if (conn->InTransaction()) return true;
+      Fail("the transaction ended after an engine error");
+      error = failure;
+      return false;
+    }
+    if (!conn->Begin(error)) return false;
+    began = true;
+    return true;
+  }
+
+  // WRITING -> READING: undoes the writes of the transaction.
+  void Undo() {
+    if (conn) conn->Rollback();
+    began = false;
+  }
+
+  // -> FAILED: undoes the operation's writes.
+  void Fail(const std::string& reason) {
+    if (conn) conn->Rollback();
+    began = false;
+    if (!failed) failure = "an earlier write of this operation failed, and its writes were undone: " + reason;
+    failed = true;
+  }
+
+  // After a failed statement: an engine that ended the transaction itself leaves the operation FAILED.
+  void CheckTransaction(const std::string& error) {
+    if (began && conn && !conn->InTransaction()) Fail(error);
+  }
+
+  // WRITING -> READING; false when the commit fails (-> FAILED).
+  bool Commit(std::string& error) {
+    if (failed) {
+      error = failure;
+      return false;
+    }
+    if (!began) return true;
+    if (!conn->InTransaction()) {
+      Fail("the transaction ended after an engine error");
+      error = failure;
+      return false;
+    }
+    began = false;
+    if (conn->Commit(error)) return true;
+    Fail(error);
+    return false;
+  }
+};
+
+namespace {
+
+// The thread's open groups. A plain pointer: it outlives every object, so that
+// sessions opened while the program exits (static destructors) still work.
+thread_local Group* t_groups = nullptr;
+
+std::shared_ptr<Group> JoinGroup(const std::string& connection, bool scoped, bool& owner) {
+  for (Group* g = t_groups; g; g = g->next)
+    if (g->connection == connection) {
+      ++g->members;
+      owner = false;
+      return g->shared_from_this();
+    }
+  auto group = std::make_shared<Group>();
+  group->connection = connection;
+  group->members = 1;
+  group->scoped = scoped;
+  owner = true;
+  ClearLastError();
+  group->conn = AcquireConnection(connection, group->openError);
+  if (!group->conn) {
+    if (group->openError.empty()) group->openError = "no connection";
+    SetLastError(group->openError);
+  }
+  group->next = t_groups;
+  t_groups = group.get();
+  return group;
+}
+
+// The last member to leave ends the group: commits what is still open and gives
+// the connection back.
+void LeaveGroup(const std::shared_ptr<Group>& group) {
+  if (--group->members > 0) return;
+  if (group->conn) {
+    std::string error;
+    if (group->began && !group->Commit(error)) SetLastError(error);
+    ReleaseConnection(group->connection, std::move(group->conn));
+  }
+  for (Group** link = &t_groups; *link; link = &(*link)->next)
+    if (*link == group.get()) {
+      *link = group->next;
+      break;
+    }
+}
+
+}  // namespace
+
+Operation::Operation(const std::string& connection) {
+  bool owner = false;
+  group_ = JoinGroup(connection, true, owner);
+  owner_ = owner;
+}
+
+Operation::~Operation() {
+  if (owner_ && group_->began) {
+    group_->conn->Rollback();
+    group_->began = false;
+  }
+  LeaveGroup(group_);
+}
+
+bool Operation::Commit() {
+  if (!owner_) return !group_->failed;
+  std::string error;
+  const bool ok = group_->Commit(error);
+  if (!ok) SetLastError(error);
+  return ok;
+}
+
+}  // namespace petrodb::db
+
+struct CDbManage::Impl {
+  std::shared_ptr<Group> group;
+  bool owner = false;
+  Connection* conn = nullptr;  // the group's
   std::string lastError;
 
   std::unique_ptr<Cursor> cursor;
   bool readStarted = false;
+  bool readFailed = false;
   mutable int lastColumn = -1;                    // fields are mostly read in column order
 
   std::vector<PendingRow> pending;
@@ -118,7 +295,13 @@ struct CDbManage::Impl {
   void CloseCursor() {
     cursor.reset();
     readStarted = false;
+    readFailed = false;
     lastColumn = -1;
+  }
+
+  void Failed(const std::string& error) {
+    lastError = error;
+    petrodb::db::SetLastError(error);
   }
 
   int ColumnIndex(const char* name) const {
@@ -174,55 +357,69 @@ struct CDbManage::Impl {
     cells.emplace_back(column, std::move(value));
   }
 
+  // A failed save undoes the operation's writes. The owner's save ends its
+  // transaction either way; in a member session the operation is FAILED.
+  void Undo(const std::string& error) {
+    if (owner && !group->scoped)
+      group->Undo();
+    else
+      group->Fail(error);
+  }
+
+  // Writes the pending rows; the owner of a group no Operation owns also commits.
   bool Flush() {
     CloseCursor();
     rowOpen = false;
-    if (!conn || saveTableMissing) {
-      pending.clear();
-      return false;
-    }
-    if (pending.empty()) return true;
-    Stopwatch watch;
     std::vector<PendingRow> rows;
     rows.swap(pending);
     std::string error;
-    const bool ok = conn->Insert(rows, error);
-    if (watch.Enabled()) {
-      // One event per run of rows with the same table and columns: the insert prepared for them.
-      for (std::size_t i = 0; i < rows.size();) {
+    if (!conn || saveTableMissing) {
+      error = !conn ? group->openError : "the table " + saveTable + " does not exist";
+      if (group->began) Undo(error);
+      Failed(error);
+      return false;
+    }
+    Stopwatch watch;
+    std::vector<std::string> ran;
+    bool ok = true;
+    bool inserted = false;
+    if (!rows.empty()) {
+      ok = group->EnsureTransaction(error);
+      if (ok) {
+        inserted = true;
+        ok = conn->Insert(rows, ran, error);
+        if (!ok) Undo(error);
+      }
+    }
+    if (ok && owner && !group->scoped) ok = group->Commit(error);
+    if (watch.Enabled() && !rows.empty()) {
+      // One event per run of rows of one shape: the insert the engine ran for it.
+      std::size_t run = 0;
+      for (std::size_t i = 0; i < rows.size(); ++run) {
         std::size_t j = i + 1;
-        auto sameShape = [&](const PendingRow& a, const PendingRow& b) {
-          if (a.table != b.table || a.cells.size() != b.cells.size()) return false;
-          for (std::size_t k = 0; k < a.cells.size(); ++k)
-            if (a.cells[k].first != b.cells[k].first) return false;
-          return true;
-        };
-        while (j < rows.size() && sameShape(rows[i], rows[j])) ++j;
-        std::string text = "insert into " + rows[i].table + " (";
-        std::string marks;
-        for (std::size_t k = 0; k < rows[i].cells.size(); ++k) {
-          text += (k ? ", " : "") + rows[i].cells[k].first;
-          marks += k ? ", ?" : "?";
-        }
-        text += ") values (" + marks + ")";
-        Trace(watch, text, text, "SaveData", ok ? 1 : 0);
+        while (j < rows.size() && petrodb::db::SameShape(rows[i], rows[j])) ++j;
+        if (inserted && run >= ran.size()) break;  // not reached before the failure
+        const bool last = !inserted || run + 1 == ran.size();
+        const std::string text = petrodb::db::InsertText(rows[i]);
+        Trace(watch, text, run < ran.size() ? ran[run] : text, "SaveData", ok ? 1 : 0, ok || !last ? "" : error);
+        if (!inserted) break;
         i = j;
       }
     }
-    if (!ok) lastError = error;
+    if (!ok) Failed(error);
     return ok;
   }
 };
 
 CDbManage::CDbManage(const char* connection) : impl_(std::make_unique<Impl>()) {
-  impl_->connection = connection ? connection : "";
-  impl_->conn = petrodb::db::AcquireConnection(impl_->connection, impl_->lastError);
+  impl_->group = petrodb::db::JoinGroup(connection ? connection : "", false, impl_->owner);
+  impl_->conn = impl_->group->conn.get();
 }
 
 CDbManage::~CDbManage() {
   if (!impl_->pending.empty()) impl_->Flush();
   impl_->CloseCursor();
-  if (impl_->conn) petrodb::db::ReleaseConnection(impl_->connection, std::move(impl_->conn));
+  petrodb::db::LeaveGroup(impl_->group);
 }
 
 bool CDbManage::IsConnected() const { return impl_->conn != nullptr; }
@@ -231,15 +428,24 @@ GetDataResult CDbManage::GetDataFromDB(const char* statement, bool) {
   Stopwatch watch;
   impl_->CloseCursor();
   const std::string text = statement ? statement : "";
-  if (text.empty() || !impl_->conn) {
-    Trace(watch, text, text, "GetDataFromDB", kFailed);
+  std::string error;
+  if (!impl_->conn) error = impl_->group->openError;
+  else if (text.empty()) error = "empty statement";
+  else if (HasEmptyValueList(text)) error = "an empty value list \"in ()\" cannot run";
+  if (!error.empty()) {
+    impl_->Failed(error);
+    Trace(watch, text, text, "GetDataFromDB", kFailed, error);
     return kFailed;
   }
   const std::string query = IsBareTableName(text) ? "select * from " + text : text;
   const std::string sent = impl_->conn->Rewrite(query);
-  impl_->cursor = impl_->conn->Query(sent, impl_->lastError);
+  impl_->cursor = impl_->conn->Query(sent, error);
   GetDataResult result = !impl_->cursor ? kFailed : impl_->cursor->OnRow() ? kRowsFound : kNoRows;
-  Trace(watch, text, sent, "GetDataFromDB", result);
+  if (result == kFailed) {
+    impl_->Failed(error);
+    impl_->group->CheckTransaction(error);
+  }
+  Trace(watch, text, sent, "GetDataFromDB", result, error);
   return result;
 }
 
@@ -249,8 +455,16 @@ bool CDbManage::Read() {
     impl_->readStarted = true;
     return impl_->cursor->OnRow();
   }
-  return impl_->cursor->OnRow() && impl_->cursor->Next();
+  if (!impl_->cursor->OnRow()) return false;
+  if (impl_->cursor->Next()) return true;
+  if (std::string error = impl_->cursor->Error(); !error.empty()) {
+    impl_->readFailed = true;
+    impl_->Failed(error);
+  }
+  return false;
 }
+
+bool CDbManage::ReadFailed() const { return impl_->readFailed; }
 
 bool CDbManage::GetFieldValue(const char* column, std::string& value) const {
   CellKind kind;
@@ -375,12 +589,34 @@ bool CDbManage::ExecuteSQL(const char* statement) {
   Stopwatch watch;
   impl_->CloseCursor();
   const std::string text = statement ? statement : "";
-  if (text.empty() || !impl_->conn) {
-    Trace(watch, text, text, "ExecuteSQL", 0);
+  std::string error;
+  if (!impl_->conn) error = impl_->group->openError;
+  else if (text.empty()) error = "empty statement";
+  else if (HasEmptyValueList(text)) error = "an empty value list \"in ()\" cannot run";
+  if (!error.empty()) {
+    impl_->Failed(error);
+    Trace(watch, text, text, "ExecuteSQL", 0, error);
     return false;
   }
-  const std::string sent = impl_->conn->Rewrite(text);
-  const bool ok = impl_->conn->Execute(sent, impl_->lastError);
-  Trace(watch, text, sent, "ExecuteSQL", ok ? 1 : 0);
+  Connection& conn = *impl_->conn;
+  // The catalogue's restore is a request to the backend, outside any transaction.
+  if (auto restore = conn.AsRestore(text)) {
+    const bool ok = conn.RestoreDatabase(*restore, error);
+    if (!ok) impl_->Failed(error);
+    Trace(watch, text, conn.Rewrite(text), "ExecuteSQL", ok ? 1 : 0, error);
+    return ok;
+  }
+  if (!impl_->group->EnsureTransaction(error)) {
+    impl_->Failed(error);
+    Trace(watch, text, text, "ExecuteSQL", 0, error);
+    return false;
+  }
+  const std::string sent = conn.Rewrite(text);
+  const bool ok = conn.Execute(sent, error);
+  if (!ok) {
+    impl_->Failed(error);
+    impl_->group->CheckTransaction(error);
+  }
+  Trace(watch, text, sent, "ExecuteSQL", ok ? 1 : 0, error);
   return ok;
 }

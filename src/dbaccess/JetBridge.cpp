@@ -1,8 +1,11 @@
 #include "dbaccess/JetBridge.h"
 
+#include <algorithm>
 #include <cctype>
+#include <vector>
 #include <regex>
 
+#include "dbaccess/Schema.h"
 #include "dbaccess/SqlText.h"
 #include "petrodb/DateTime.h"
 
@@ -168,17 +171,174 @@ std::string NormaliseDateText(const std::string& text, bool dateOnlyToo) {
   return text;
 }
 
+namespace {
+
+// Lower-case names of the columns the schema declares as dates.
+const std::vector<std::string>& DateColumnNames() {
+  static const std::vector<std::string> names = [] {
+    std::vector<std::string> out;
+    for (const auto& table : schema::Builtin().tables)
+      for (const auto& column : table.columns)
+        if (column.type == schema::Type::Date) {
+          const std::string lower = sql::AsciiLower(column.name);
+          if (std::find(out.begin(), out.end(), lower) == out.end()) out.push_back(lower);
+        }
+    return out;
+  }();
+  return names;
+}
+
+struct Token {
+  enum Kind { Word, Literal, Punct } kind;
+  std::size_t begin, end;  // a literal's range includes its quotes
+};
+
+// Words (identifiers, keywords, numbers, "a.b", [x], "x"), '…' literals and
+// punctuation, blanks dropped. Comparison operators of two characters are one token.
+std::vector<Token> Tokens(const std::string& s) {
+  std::vector<Token> out;
+  std::size_t i = 0;
+  while (i < s.size()) {
+    const unsigned char c = static_cast<unsigned char>(s[i]);
+    if (std::isspace(c)) {
+      ++i;
+    } else if (c == '\'') {
+      std::size_t end = i + 1;
+      for (;;) {
+        end = s.find('\'', end);
+        if (end == std::string::npos || end + 1 >= s.size() || s[end + 1] != '\'') break;
+        end += 2;
+      }
+      end = end == std::string::npos ? s.size() : end + 1;
+      out.push_back({Token::Literal, i, end});
+      i = end;
+    } else if (IsWordChar(c) || c == '[' || c == '"' || c >= 0x80) {
+      std::size_t end = i;
+      while (end < s.size()) {
+        const unsigned char d = static_cast<unsigned char>(s[end]);
+        if (d == '[' || d == '"') {
+          const auto close = s.find(d == '[' ? ']' : '"', end + 1);
+          end = close == std::string::npos ? s.size() : close + 1;
+        } else if (IsWordChar(d) || d == '.' || d == '$' || d >= 0x80) {
+          ++end;
+        } else {
+          break;
+        }
+      }
+      out.push_back({Token::Word, i, end});
+      i = end;
+    } else {
+      const bool pair = i + 1 < s.size() && ((c == '<' && (s[i + 1] == '=' || s[i + 1] == '>')) ||
+                                             ((c == '>' || c == '!') && s[i + 1] == '='));
+      out.push_back({Token::Punct, i, i + (pair ? 2 : 1)});
+      i += pair ? 2 : 1;
+    }
+  }
+  return out;
+}
+
+// The column a word names: its last part, without brackets or quotes.
+std::string ColumnOf(std::string_view word) {
+  if (const auto dot = word.rfind('.'); dot != std::string_view::npos) word.remove_prefix(dot + 1);
+  if (word.size() >= 2 && (word.front() == '[' || word.front() == '"')) word = word.substr(1, word.size() - 2);
+  return sql::AsciiLower(std::string(word));
+}
+
+bool IsComparison(std::string_view p) {
+  return p == "=" || p == "<" || p == ">" || p == "<=" || p == ">=" || p == "<>" || p == "!=";
+}
+
+// Words and marks that may stand between a column and the literals it is
+// compared with: "col between 'a' and 'b'", "col not in ('a', 'b')".
+bool MayStandBetween(const std::string& s, const Token& t) {
+  const std::string_view text(s.data() + t.begin, t.end - t.begin);
+  if (t.kind == Token::Literal) return true;
+  if (t.kind == Token::Punct) return IsComparison(text) || text == "(" || text == ",";
+  for (std::string_view w : {"between", "and", "not", "in", "like", "is"})
+    if (sql::EqualsIgnoreCase(text, w)) return true;
+  return false;
+}
+
+// The column whose value the literal at `at` stands for; "" when none is seen.
+std::string ColumnFor(const std::string& s, const std::vector<Token>& tokens, std::size_t at) {
+  auto text = [&](std::size_t k) { return std::string_view(s.data() + tokens[k].begin, tokens[k].end - tokens[k].begin); };
+  // insert into t (c1, c2, …) values (v1, v2, …)[, (…)]
+  if (tokens.size() > 4 && tokens[0].kind == Token::Word && sql::EqualsIgnoreCase(text(0), "insert")) {
+    std::vector<std::string> columns;
+    std::size_t k = 0;
+    while (k < tokens.size() && text(k) != "(") ++k;
+    for (++k; k < tokens.size() && text(k) != ")"; ++k)
+      if (tokens[k].kind == Token::Word) columns.push_back(ColumnOf(text(k)));
+    while (k < tokens.size() && !(tokens[k].kind == Token::Word && sql::EqualsIgnoreCase(text(k), "values"))) ++k;
+    if (k < at) {
+      int depth = 0;
+      std::size_t position = 0;
+      for (++k; k < at; ++k) {
+        if (text(k) == "(") {
+          if (++depth == 1) position = 0;
+        } else if (text(k) == ")") {
+          --depth;
+        } else if (text(k) == "," && depth == 1) {
+          ++position;
+        }
+      }
+      return depth == 1 && position < columns.size() ? columns[position] : std::string();
+    }
+  }
+  // … col <op> '…', col between '…' and '…', col in ('…', …)
+  for (std::size_t k = at, steps = 0; k-- > 0 && steps < 64; ++steps) {
+    if (MayStandBetween(s, tokens[k])) continue;
+    return tokens[k].kind == Token::Word ? ColumnOf(text(k)) : std::string();
+  }
+  // '…' <op> col
+  if (at + 2 < tokens.size() && tokens[at + 1].kind == Token::Punct && IsComparison(text(at + 1)) &&
+      tokens[at + 2].kind == Token::Word)
+    return ColumnOf(text(at + 2));
+  return {};
+}
+
+}  // namespace
+
+bool IsDateColumnName(std::string_view name) {
+  const std::string lower = sql::AsciiLower(std::string(name));
+  for (const auto& n : DateColumnNames())
+    if (n == lower) return true;
+  return false;
+}
+
 std::string NormaliseDateLiterals(const std::string& statement) {
-  if (statement.find('\'') == std::string::npos || statement.find(':') == std::string::npos) return statement;
-  return MapSegments(
-      statement, [](const std::string& plain) { return plain; },
-      [](const std::string& quoted) { return NormaliseDateText(quoted, false); });
+  if (statement.find('\'') == std::string::npos) return statement;
+  bool mentioned = false;
+  for (const auto& name : DateColumnNames()) mentioned = mentioned || ContainsIgnoreCase(statement, name);
+  if (!mentioned) return statement;
+  const std::vector<Token> tokens = Tokens(statement);
+  std::string out;
+  std::size_t copied = 0;
+  for (std::size_t k = 0; k < tokens.size(); ++k) {
+    const Token& t = tokens[k];
+    if (t.kind != Token::Literal || t.end - t.begin < 7 || t.end - t.begin > 42) continue;
+    const std::string inside = statement.substr(t.begin + 1, t.end - t.begin - 2);
+    if (inside.empty() || !std::isdigit(static_cast<unsigned char>(inside[0]))) continue;
+    const std::string column = ColumnFor(statement, tokens, k);
+    if (column.empty() || !IsDateColumnName(column)) continue;
+    const std::string normal = NormaliseDateText(inside, true);
+    if (normal == inside) continue;
+    out.append(statement, copied, t.begin + 1 - copied);
+    out += normal;
+    copied = t.end - 1;
+  }
+  if (copied == 0) return statement;
+  out.append(statement, copied, std::string::npos);
+  return out;
 }
 
 // Most statements hold nothing Access-specific; one pass tells.
 static bool MayNeedRewrite(const std::string& s) {
   if (s.find('#') != std::string::npos) return true;
-  if (s.find(':') != std::string::npos && s.find('\'') != std::string::npos) return true;  // a date literal
+  if (s.find('\'') != std::string::npos) {  // a date literal given to a date column
+    for (const auto& name : DateColumnNames())
+      if (ContainsIgnoreCase(s, name)) return true;
+  }
   if (ContainsIgnoreCase(s, "case")) return true;  // lcase / ucase
   return (s.find('*') != std::string::npos && StartsWithWord(s, "delete")) || ContainsIgnoreCase(s, "all") ||
          (s.find(',') != std::string::npos && StartsWithWord(s, "update"));
@@ -189,9 +349,9 @@ std::string RewriteJetForSqlite(const std::string& statement) {
   std::string out = MapSegments(
       statement,
       [](const std::string& plain) { return RewriteAllDistinct(RewriteHashDates(RewriteFunctionNames(plain))); },
-      [](const std::string& quoted) { return NormaliseDateText(quoted, false); });
+      [](const std::string& quoted) { return quoted; });
   out = RewriteDeleteStar(out);
-  return RewriteMultiTableUpdate(out);
+  return NormaliseDateLiterals(RewriteMultiTableUpdate(out));
 }
 
 }  // namespace petrodb::db

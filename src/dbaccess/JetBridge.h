@@ -1,6 +1,7 @@
 #pragma once
 // Makes Access (Jet) statements run on SQLite with the same meaning.
 #include <string>
+#include <string_view>
 
 namespace petrodb::db {
 
@@ -9,9 +10,16 @@ namespace petrodb::db {
 // "update A a, B b set ... where ..." → "update A as a set ... from B as b where ...".
 std::string RewriteJetForSqlite(const std::string& statement);
 
-// Pads every quoted literal written as "Y-M-D H:M:S" to "YYYY-MM-DD HH:MM:SS",
-// the form date columns hold, so comparisons and ordering are chronological.
+// Pads a quoted literal written as "Y-M-D H:M:S" (or "Y-M-D") to "YYYY-MM-DD
+// HH:MM:SS", the form date columns hold, where it stands for the value of a
+// column the schema declares as a date: compared with it ("accessTime >= '…'",
+// "between '…' and '…'", "in ('…', …)"), assigned to it ("set accessTime = '…'")
+// or inserted into it ("insert into t (…, accessTime) values (…, '…')"). Every
+// other literal is left as written, so text columns keep their text.
 std::string NormaliseDateLiterals(const std::string& statement);
+
+// True when the schema declares a column of this name (any table, any case) as a date.
+bool IsDateColumnName(std::string_view name);
 
 // A text of the form "Y-M-D H:M:S" (unpadded allowed) as "YYYY-MM-DD HH:MM:SS";
 // with `dateOnlyToo`, also "Y-M-D" (as midnight). Otherwise the text unchanged.

@@ -85,4 +85,6 @@ void ClearConnectionPool() {
 
 long ConnectionsOpened() { return g_opened.load(); }
 
+void CountConnectionOpened() { ++g_opened; }
+
 }  // namespace petrodb::db

@@ -32,7 +32,10 @@ ConnectionPtr AcquireConnection(const std::string& connection, std::string& erro
 void ReleaseConnection(const std::string& connection, ConnectionPtr conn);
 // Closes every idle connection (tests, and before a file is removed).
 void ClearConnectionPool();
-// Number of connections ever opened by this process (for tests and benchmarks).
+// Number of connections ever opened by this process (for tests and benchmarks),
+// those a backend opened again in place of a dropped one included.
 long ConnectionsOpened();
+// Counts a connection a backend opened by itself (a reconnect).
+void CountConnectionOpened();
 
 }  // namespace petrodb::db

@@ -177,20 +177,18 @@ std::vector<std::string> RenderSqlite(const Schema& schema) {
   return out;
 }
 
-// PostgreSQL keeps system columns under these names in every table; a column
-// of the same name (b_aoi_data's Xmin, Xmax) is declared quoted, spelt with
-// only its first letter in upper case ("Xmin"), so the table can be made at
-// all. The server bridge quotes the statements' unquoted mentions the same way.
-static std::string PostgresColumnName(const std::string& name) {
-  static const char* const kSystem[] = {"xmin", "xmax", "cmin", "cmax", "ctid", "tableoid"};
-  const std::string lower = sql::AsciiLower(name);
-  for (const char* s : kSystem)
-    if (lower == s) {
-      std::string spelt = lower;
-      spelt[0] = static_cast<char>(spelt[0] - 'a' + 'A');
-      return "\"" + spelt + "\"";
-    }
-  return name;
+bool IsPostgresSystemColumn(std::string_view name) {
+  static constexpr std::string_view kSystem[] = {"xmin", "xmax", "cmin", "cmax", "ctid", "tableoid"};
+  for (auto s : kSystem)
+    if (sql::EqualsIgnoreCase(name, s)) return true;
+  return false;
+}
+
+std::string PostgresColumnName(const std::string& name) {
+  if (!IsPostgresSystemColumn(name)) return name;
+  std::string spelt = sql::AsciiLower(name);
+  spelt[0] = static_cast<char>(spelt[0] - 'a' + 'A');
+  return "\"" + spelt + "\"";
 }
 
 std::vector<std::string> RenderPostgres(const Schema& schema) {

@@ -61,6 +61,14 @@ Schema WithoutAliases(Schema schema);
 std::vector<std::string> RenderSqlite(const Schema& schema);
 std::vector<std::string> RenderPostgres(const Schema& schema);
 
+// PostgreSQL keeps system columns under the names xmin, xmax, cmin, cmax, ctid
+// and tableoid in every table; a column of such a name (any case; b_aoi_data's
+// Xmin, Xmax) is declared quoted, spelt with only its first letter in upper case
+// ("\"Xmin\""), so the table can be made at all. Statements on the server spell
+// it the same way. Any other name comes back unchanged.
+bool IsPostgresSystemColumn(std::string_view name);
+std::string PostgresColumnName(const std::string& name);
+
 // Writes a new project file (replacing `path`): 64 KB pages, rollback journal
 // (a single file to copy), every table of the schema.
 bool CreateSqliteFile(const Schema& schema, const std::string& path, std::string& error);

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <regex>
 
-#include "dbaccess/JetBridge.h"
+#include "dbaccess/Schema.h"
 #include "dbaccess/SqlText.h"
 
 namespace petrodb::db::pg {
@@ -27,21 +27,9 @@ bool StartsWithWord(const std::string& text, std::string_view word) {
 
 bool IsWordChar(char c) { return std::isalnum(static_cast<unsigned char>(c)) || c == '_' || c == '$'; }
 
-bool IsSystemColumnName(std::string_view word) {
-  static constexpr std::string_view kSystem[] = {"xmin", "xmax", "cmin", "cmax", "ctid", "tableoid"};
-  for (auto s : kSystem)
-    if (sql::EqualsIgnoreCase(word, s)) return true;
-  return false;
-}
-
 }  // namespace
 
-std::string ColumnIdentifier(const std::string& name) {
-  if (!IsSystemColumnName(name)) return name;
-  std::string spelt = sql::AsciiLower(name);
-  spelt[0] = static_cast<char>(spelt[0] - 'a' + 'A');
-  return "\"" + spelt + "\"";
-}
+std::string ColumnIdentifier(const std::string& name) { return schema::PostgresColumnName(name); }
 
 std::string QuoteSystemColumnNames(const std::string& statement) {
   const std::string lower = sql::AsciiLower(statement);
@@ -90,27 +78,20 @@ std::string RewriteServerForPostgres(const std::string& statement) {
     if (std::regex_match(statement, m, lookup))
       return "select datname as name from pg_catalog.pg_database where lower(datname) = lower('" + m[1].str() + "')";
   }
-  if (StartsWithWord(statement, "restore")) {
-    static const std::regex restore(
-        R"(^\s*restore\s+filelistonly\s+from\s+disk\s*=\s*'[^']*'\s+restore\s+database\s+(\S+)\s+from\s+disk\s*=\s*'([^']*)'\s+with\s+move\s+'[^']*'\s+to\s+'[^']*'\s*,\s*move\s+'[^']*'\s+to\s+'[^']*'\s*;?\s*$)",
-        std::regex::icase);
-    std::smatch m;
-    if (std::regex_match(statement, m, restore) && IsPlainName(m[1].str())) {
-      const std::string name = sql::AsciiLower(m[1].str());
-      return "create database " + name + "; \\connect " + name + "; \\i '" + m[2].str() + "'";
-    }
-  }
-  return NormaliseDateLiterals(QuoteSystemColumnNames(statement));
+  if (auto request = RestoreFor(statement))
+    return "create database " + request->database + "; \\connect " + request->database + "; \\i '" +
+           request->backup + "'";
+  return QuoteSystemColumnNames(statement);
 }
 
-bool ParseRestore(const std::string& sent, RestorePlan& plan) {
-  if (!StartsWithWord(sent, "create database") || sent.find("\\connect") == std::string::npos) return false;
-  static const std::regex form(R"(^create database (\S+); \\connect (\S+); \\i '([^']*)'$)");
+std::optional<RestoreRequest> RestoreFor(const std::string& statement) {
+  if (!StartsWithWord(statement, "restore")) return std::nullopt;
+  static const std::regex restore(
+      R"(^\s*restore\s+filelistonly\s+from\s+disk\s*=\s*'[^']*'\s+restore\s+database\s+(\S+)\s+from\s+disk\s*=\s*'([^']*)'\s+with\s+move\s+'[^']*'\s+to\s+'[^']*'\s*,\s*move\s+'[^']*'\s+to\s+'[^']*'\s*;?\s*$)",
+      std::regex::icase);
   std::smatch m;
-  if (!std::regex_match(sent, m, form) || m[1].str() != m[2].str() || !IsPlainName(m[1].str())) return false;
-  plan.database = m[1].str();
-  plan.backup = m[3].str();
-  return true;
+  if (!std::regex_match(statement, m, restore) || !IsPlainName(m[1].str())) return std::nullopt;
+  return RestoreRequest{sql::AsciiLower(m[1].str()), m[2].str()};
 }
 
 }  // namespace petrodb::db::pg

@@ -2,15 +2,19 @@
 #include <libpq-fe.h>
 #include <poll.h>
 
+#include <algorithm>
 #include <bit>
+#include <cerrno>
 #include <charconv>
+#include <chrono>
+#include <cstdlib>
 #include <cstring>
 #include <fstream>
-#include <regex>
+#include <map>
+#include <mutex>
 #include <sstream>
 #include <unordered_map>
 
-#include "dbaccess/JetBridge.h"
 #include "dbaccess/Pool.h"
 #include "dbaccess/SqlText.h"
 #include "dbaccess/postgres/PgBridge.h"
@@ -21,6 +25,8 @@ namespace {
 
 static_assert(std::endian::native == std::endian::little,
               "double arrays are stored little-endian; add a byte swap for this platform");
+
+using Clock = std::chrono::steady_clock;
 
 struct ConnCloser {
   void operator()(PGconn* c) const { PQfinish(c); }
@@ -40,10 +46,31 @@ constexpr int kNextSlice = 2048;
 constexpr std::size_t kCopyThreshold = 16;
 constexpr std::size_t kCopyChunk = 1 << 20;
 
-std::string ErrorText(PGconn* conn, const PGresult* result = nullptr) {
+// Time limits, in seconds: connecting ("Timeout=" overrides), and one statement
+// ("Command Timeout=" overrides). The server cancels a statement that runs
+// longer; the client gives up on a server that does not answer a little later.
+constexpr int kConnectTimeout = 5;
+constexpr int kCommandTimeout = 120;
+constexpr int kClientGrace = 5;
+// A failed connect is remembered this long, so that a dead server fails fast.
+constexpr auto kRememberFailure = std::chrono::seconds(10);
+// Writers of one database take this advisory lock when their transaction begins.
+constexpr const char* kWriterLock = "select pg_advisory_xact_lock(7370726)";
+
+bool Contains(const std::string& text, const char* part) { return text.find(part) != std::string::npos; }
+
+// The engine's message without its severity prefix and its context lines.
+std::string EngineText(PGconn* conn, const PGresult* result = nullptr) {
   std::string text = result ? PQresultErrorMessage(result) : "";
   if (text.empty() && conn) text = PQerrorMessage(conn);
+  for (const char* prefix : {"ERROR:  ", "FATAL:  "})
+    if (text.rfind(prefix, 0) == 0) text.erase(0, std::strlen(prefix));
+  if (const auto line = text.find('\n'); line != std::string::npos && line + 1 < text.size() &&
+                                         text.compare(line + 1, 6, "LINE 1") == 0)
+    text.erase(line);
   while (!text.empty() && (text.back() == '\n' || text.back() == ' ')) text.pop_back();
+  for (char& c : text)
+    if (c == '\n') c = ' ';
   return text.empty() ? "the server gave no reason" : text;
 }
 
@@ -51,6 +78,14 @@ std::string ErrorText(PGconn* conn, const PGresult* result = nullptr) {
 // or the SQL Server keys "Data Source=host[,port];Initial Catalog=db".
 struct ServerParams {
   std::vector<std::pair<std::string, std::string>> values;
+  int connectTimeout = kConnectTimeout;
+  int commandTimeout = kCommandTimeout;
+
+  static int Seconds(const std::string& text, int fallback) {
+    int value = 0;
+    const auto r = std::from_chars(text.data(), text.data() + text.size(), value);
+    return r.ec == std::errc() && r.ptr == text.data() + text.size() && value > 0 ? value : fallback;
+  }
 
   static ServerParams From(const ConnectionString& parsed) {
     ServerParams p;
@@ -65,19 +100,33 @@ struct ServerParams {
       if (port.empty()) port = host.substr(comma + 1);
       host.erase(comma);
     }
+    p.connectTimeout = Seconds(first({"Timeout", "Connect Timeout", "Connection Timeout"}), kConnectTimeout);
+    p.commandTimeout = Seconds(first({"Command Timeout", "CommandTimeout"}), kCommandTimeout);
     p.Set("host", host);
     p.Set("port", port);
     p.Set("dbname", first({"Database", "Initial Catalog", "dbname"}));
     p.Set("user", first({"User ID", "User", "Uid", "Username", "User Name"}));
     p.Set("password", first({"Password", "Pwd"}));
     p.Set("sslmode", first({"SSL Mode", "SslMode", "sslmode"}));
-    std::string timeout = first({"Timeout", "Connect Timeout", "Connection Timeout"});
-    p.Set("connect_timeout", timeout.empty() ? "15" : timeout);
+    p.Set("connect_timeout", std::to_string(p.connectTimeout));
     p.Set("application_name", "petrodb");
     p.Set("client_encoding", "UTF8");
+    p.Set("keepalives", "1");
+    p.Set("keepalives_idle", "30");
+    p.Set("keepalives_interval", "10");
+    p.Set("keepalives_count", "3");
     // Dates the module writes are year first; the server must read them so.
-    p.Set("options", "-c DateStyle=ISO,YMD");
+    // Every statement has a time limit, and a statement whose client went away
+    // is cancelled.
+    p.Set("options", "-c DateStyle=ISO,YMD -c statement_timeout=" + std::to_string(p.commandTimeout * 1000) +
+                         " -c client_connection_check_interval=5000");
     return p;
+  }
+
+  std::string Get(const std::string& key) const {
+    for (const auto& [k, v] : values)
+      if (k == key) return v;
+    return {};
   }
 
   void Set(const std::string& key, const std::string& value) {
@@ -89,22 +138,68 @@ struct ServerParams {
     if (!value.empty()) values.emplace_back(key, value);
   }
 
-  ConnHandle Connect(std::string& error) const {
-    std::vector<const char*> keys, vals;
-    for (const auto& [k, v] : values) {
-      keys.push_back(k.c_str());
-      vals.push_back(v.c_str());
-    }
-    keys.push_back(nullptr);
-    vals.push_back(nullptr);
-    ConnHandle conn(PQconnectdbParams(keys.data(), vals.data(), 0));
-    if (!conn || PQstatus(conn.get()) != CONNECTION_OK) {
-      error = "cannot connect to the server: " + ErrorText(conn.get());
-      return nullptr;
-    }
-    return conn;
+  // "server <host>:<port>, database <name>" for messages (no password).
+  std::string Where() const {
+    const std::string host = Get("host").empty() ? "localhost" : Get("host");
+    const std::string port = Get("port").empty() ? "5432" : Get("port");
+    return "server " + host + ":" + port + ", database " + Get("dbname");
   }
+
+  std::string ExplainConnectFailure(const std::string& engine) const {
+    const std::string where = Where();
+    if (Contains(engine, "authentication failed") || Contains(engine, "no password supplied"))
+      return "authentication failed for user \"" + Get("user") + "\" on " + where;
+    if (Contains(engine, "timeout expired"))
+      return "the server did not answer within " + std::to_string(std::max(2, connectTimeout)) + " s: " + where;
+    if (Contains(engine, "does not exist")) return engine + ": " + where;
+    return "cannot connect to " + where + " (" + engine + ")";
+  }
+
+  ConnHandle Connect(std::string& error) const;
 };
+
+// Failed connects by parameters, so that a dead server fails fast.
+struct FailedConnects {
+  std::mutex mutex;
+  std::map<std::string, std::pair<Clock::time_point, std::string>> byKey;
+};
+FailedConnects& Failures() {
+  static FailedConnects failures;
+  return failures;
+}
+
+ConnHandle ServerParams::Connect(std::string& error) const {
+  std::string key;
+  for (const auto& [k, v] : values) key += k + '\x1f' + v + '\x1e';
+  {
+    auto& failures = Failures();
+    std::lock_guard lock(failures.mutex);
+    const auto it = failures.byKey.find(key);
+    if (it != failures.byKey.end()) {
+      if (Clock::now() - it->second.first < kRememberFailure) {
+        error = it->second.second;
+        return nullptr;
+      }
+      failures.byKey.erase(it);
+    }
+  }
+  std::vector<const char*> keys, vals;
+  for (const auto& [k, v] : values) {
+    keys.push_back(k.c_str());
+    vals.push_back(v.c_str());
+  }
+  keys.push_back(nullptr);
+  vals.push_back(nullptr);
+  ConnHandle conn(PQconnectdbParams(keys.data(), vals.data(), 0));
+  if (!conn || PQstatus(conn.get()) != CONNECTION_OK) {
+    error = ExplainConnectFailure(EngineText(conn.get()));
+    auto& failures = Failures();
+    std::lock_guard lock(failures.mutex);
+    failures.byKey[key] = {Clock::now(), error};
+    return nullptr;
+  }
+  return conn;
+}
 
 // True while nothing has arrived on an idle connection's socket: a server that
 // went away (restart, idle timeout) leaves an end of file or an error there.
@@ -116,13 +211,19 @@ bool SocketQuiet(PGconn* conn) {
   return n == 0;
 }
 
+bool Failed(const PGresult* r) {
+  const auto status = PQresultStatus(r);
+  return status == PGRES_FATAL_ERROR || status == PGRES_BAD_RESPONSE || status == PGRES_PIPELINE_ABORTED;
+}
+
 class PgConnection;
 
 // Rows of one result, read in the binary format.
 class PgCursor final : public Cursor {
  public:
-  // `probe` is set for a server-cursor read; the connection fetches further slices.
-  PgCursor(PgConnection* owner, ResultHandle result, long probe);
+  // `probe` names the server cursor of a whole-table read ("" for a plain
+  // result); the connection fetches its further slices.
+  PgCursor(PgConnection* owner, ResultHandle result, std::string probe, long generation);
   ~PgCursor() override;
 
   bool OnRow() const override { return row_ < rows_; }
@@ -140,9 +241,11 @@ class PgCursor final : public Cursor {
     return {reinterpret_cast<const std::byte*>(PQgetvalue(result_.get(), row_, i)),
             static_cast<std::size_t>(PQgetlength(result_.get(), row_, i))};
   }
+  std::string Error() const override { return error_; }
 
  private:
   void Adopt(ResultHandle result);
+  void End();
   const char* Value(int i) const { return PQgetvalue(result_.get(), row_, i); }
   int Length(int i) const { return PQgetlength(result_.get(), row_, i); }
 
@@ -150,10 +253,12 @@ class PgCursor final : public Cursor {
   ResultHandle result_;
   int rows_ = 0;
   int row_ = 0;
-  long probe_;  // the server cursor's token; 0 for a plain result
+  std::string probe_;
+  long generation_;
   int slice_ = kFirstSlice;  // rows asked for in the current slice
   std::vector<unsigned> types_;
   mutable std::vector<std::string> scratch_;
+  std::string error_;
 };
 
 class PgConnection final : public Connection {
@@ -164,13 +269,15 @@ class PgConnection final : public Connection {
   }
 
   Dialect GetDialect() const override { return dialect_; }
+  std::string Where() const override { return params_.Where(); }
 
   bool Healthy() override {
-    EndProbe();
     if (!conn_ || PQstatus(conn_.get()) != CONNECTION_OK) return false;
-    if (PQtransactionStatus(conn_.get()) != PQTRANS_IDLE) {
-      // A transaction left open by a failed save is rolled back, not reused.
-      ResultHandle r(PQexec(conn_.get(), "rollback"));
+    if (txn_ != Txn::None || PQtransactionStatus(conn_.get()) != PQTRANS_IDLE) {
+      // A transaction left open is rolled back, not reused.
+      std::string ignored;
+      Run("rollback", ignored);
+      EndTransaction();
       if (PQtransactionStatus(conn_.get()) != PQTRANS_IDLE) return false;
     }
     return SocketQuiet(conn_.get());
@@ -182,86 +289,408 @@ class PgConnection final : public Connection {
   }
 
   std::unique_ptr<Cursor> Query(const std::string& statement, std::string& error) override {
-    EndProbe();
     if (!Live(error)) return nullptr;
     if (std::string table; IsWholeTableRead(statement, table)) return OpenProbe(table, error);
     for (int attempt = 0;; ++attempt) {
-      ResultHandle r(PQexecParams(conn_.get(), statement.c_str(), 0, nullptr, nullptr, nullptr, nullptr, 1));
-      const auto status = PQresultStatus(r.get());
-      if (status == PGRES_TUPLES_OK || status == PGRES_COMMAND_OK)
-        return std::make_unique<PgCursor>(this, std::move(r), 0);
-      // A read that met a dropped connection is run again on a new one.
-      if (attempt == 0 && PQstatus(conn_.get()) == CONNECTION_BAD && Reconnect(error)) continue;
-      error = ErrorText(conn_.get(), r.get());
+      ResultHandle r = Statement(statement, 1, false, error);
+      if (r && !Failed(r.get())) return std::make_unique<PgCursor>(this, std::move(r), std::string(), generation_);
+      // A read that met a dropped connection, outside a transaction, is run again on a new one.
+      const bool nothingWritten = txn_ == Txn::None || (txn_ == Txn::Operation && pendingBegin_);
+      if (attempt == 0 && nothingWritten && PQstatus(conn_.get()) == CONNECTION_BAD && Reconnect(error)) continue;
+      if (r) error = Explain(r.get());
       return nullptr;
     }
   }
 
   bool Execute(const std::string& statement, std::string& error) override {
-    EndProbe();
     if (!Live(error)) return false;
-    if (pg::RestorePlan plan; pg::ParseRestore(statement, plan)) return Restore(plan, error);
-    ResultHandle r(PQexecParams(conn_.get(), statement.c_str(), 0, nullptr, nullptr, nullptr, nullptr, 0));
-    const auto status = PQresultStatus(r.get());
-    if (status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK) return true;
-    error = ErrorText(conn_.get(), r.get());
+    ResultHandle r = Statement(statement, 0, true, error);
+    if (!r) return false;
+    if (!Failed(r.get())) return true;
+    error = Explain(r.get());
     return false;
   }
 
   bool TableExists(const std::string& table) override {
-    EndProbe();
-    std::string error;
-    if (!Live(error)) return false;
+    std::string error, plain;
+    // Only a plain name can be a table here (and such a name never makes to_regclass fail).
+    if (!IsWholeTableRead("select * from " + table, plain) || !Live(error)) return false;
     const char* values[] = {table.c_str()};
-    ResultHandle r(PQexecParams(conn_.get(), "select to_regclass($1) is not null", 1, nullptr, values, nullptr,
-                                nullptr, 0));
-    return PQresultStatus(r.get()) == PGRES_TUPLES_OK && PQntuples(r.get()) == 1 &&
+    if (!PQsendQueryParams(conn_.get(), "select to_regclass($1) is not null", 1, nullptr, values, nullptr, nullptr, 0))
+      return false;
+    ResultHandle r = Collect(error);
+    return r && PQresultStatus(r.get()) == PGRES_TUPLES_OK && PQntuples(r.get()) == 1 &&
            PQgetvalue(r.get(), 0, 0)[0] == 't';
   }
 
-  bool Insert(const std::vector<PendingRow>& rows, std::string& error) override {
-    EndProbe();
+  bool Insert(const std::vector<PendingRow>& rows, std::vector<std::string>& ran, std::string& error) override {
     if (!Live(error)) return false;
-    if (!Simple("begin", error)) return false;
+    const bool own = !InTransaction();
+    if (own && !Run("begin", error)) return false;
+    if (!own && (pendingBegin_ || lockPending_)) {
+      if (!Run(std::string(pendingBegin_ ? "begin; " : "") + kWriterLock, error)) {
+        std::string ignored;
+        if (PQtransactionStatus(conn_.get()) != PQTRANS_IDLE) Run("rollback", ignored);
+        return false;
+      }
+      pendingBegin_ = lockPending_ = false;
+    }
+    if (!own) clean_ = false;
     for (std::size_t i = 0; i < rows.size();) {
       std::size_t j = i + 1;
       while (j < rows.size() && SameShape(rows[i], rows[j])) ++j;
-      const bool ok = (j - i >= kCopyThreshold && !rows[i].cells.empty()) ? Copy(rows, i, j, error)
-                                                                           : InsertEach(rows, i, j, error);
+      const bool ok = (j - i >= kCopyThreshold && !rows[i].cells.empty()) ? Copy(rows, i, j, ran, error)
+                                                                           : InsertEach(rows, i, j, ran, error);
       if (!ok) {
-        std::string ignored;
-        Simple("rollback", ignored);
+        if (own) {
+          std::string ignored;
+          Run("rollback", ignored);
+        }
         return false;
       }
       i = j;
     }
-    if (!Simple("commit", error)) {
+    if (own && !Run("commit", error)) {
       std::string ignored;
-      Simple("rollback", ignored);
+      Run("rollback", ignored);
       return false;
     }
     return true;
   }
 
-  // Server cursor support for PgCursor.
-  bool ProbeOpen(long token) const { return probe_ == token; }
-  ResultHandle FetchSlice() {
-    static const std::string text = "fetch " + std::to_string(kNextSlice) + " from petrodb_rows";
-    return ResultHandle(PQexec(conn_.get(), text.c_str()));
+  std::optional<RestoreRequest> AsRestore(const std::string& statement) const override {
+    return pg::RestoreFor(statement);
   }
-  void EndProbe() {
-    if (!probe_) return;
-    probe_ = 0;
-    if (PQtransactionStatus(conn_.get()) != PQTRANS_IDLE) ResultHandle(PQexec(conn_.get(), "commit"));
+
+  // A new database on this server, loaded from the backup script in one
+  // transaction; a database whose load fails is dropped again. Runs on
+  // connections of its own, outside any transaction of this one.
+  bool RestoreDatabase(const RestoreRequest& request, std::string& error) override {
+    std::ifstream in(request.backup, std::ios::binary);
+    if (!in) {
+      error = "cannot read the backup \"" + request.backup + "\"";
+      return false;
+    }
+    std::stringstream script;
+    script << in.rdbuf();
+    ConnHandle admin = params_.Connect(error);
+    if (!admin) return false;
+    const Clock::time_point deadline = Clock::now() + std::chrono::seconds(params_.commandTimeout + kClientGrace);
+    if (!RunOn(admin.get(), "create database " + request.database, deadline, error)) return false;
+    ServerParams target = params_;
+    target.Set("dbname", request.database);
+    bool loaded = false;
+    if (ConnHandle conn = target.Connect(error)) {
+      loaded = RunOn(conn.get(), "begin;\n" + script.str() + "\ncommit;", deadline, error) &&
+               PQtransactionStatus(conn.get()) == PQTRANS_IDLE;
+      if (!loaded) error = "cannot load \"" + request.backup + "\": " + error;
+    }
+    if (!loaded) {
+      std::string ignored;
+      RunOn(admin.get(), "drop database if exists " + request.database, deadline, ignored);
+    }
+    return loaded;
+  }
+
+  // The begin and the writers' lock go to the server with the first write.
+  bool Begin(std::string& error) override {
+    if (!Live(error)) return false;
+    if (txn_ == Txn::Operation) {
+      error = "a transaction is already open";
+      return false;
+    }
+    // A transaction a whole-table read opened becomes the operation's.
+    pendingBegin_ = txn_ != Txn::Probe;
+    lockPending_ = txn_ == Txn::Probe;
+    txn_ = Txn::Operation;
+    clean_ = true;
+    return true;
+  }
+
+  bool Commit(std::string& error) override {
+    if (!InTransaction()) {
+      error = "the transaction was ended by an earlier error (" + Where() + ")";
+      Rollback();
+      return false;
+    }
+    if (pendingBegin_) {  // nothing was written
+      EndTransaction();
+      return true;
+    }
+    const bool ok = Run("commit", error);
+    // A failed commit leaves nothing open on the server.
+    if (!ok && conn_ && PQtransactionStatus(conn_.get()) != PQTRANS_IDLE) {
+      std::string ignored;
+      Run("rollback", ignored);
+    }
+    EndTransaction();
+    return ok;
+  }
+
+  void Rollback() override {
+    if (txn_ == Txn::None) return;
+    if (!pendingBegin_ && conn_ && PQstatus(conn_.get()) == CONNECTION_OK &&
+        PQtransactionStatus(conn_.get()) != PQTRANS_IDLE) {
+      std::string ignored;
+      Run("rollback", ignored);
+    }
+    EndTransaction();
+  }
+
+  bool InTransaction() const override {
+    if (txn_ != Txn::Operation) return false;
+    if (pendingBegin_) return true;  // nothing written yet: any connection will do
+    return conn_ && PQstatus(conn_.get()) == CONNECTION_OK && PQtransactionStatus(conn_.get()) == PQTRANS_INTRANS;
+  }
+
+  // Server cursors of whole-table reads, for PgCursor.
+  bool ProbeOpen(const std::string& name, long generation) const {
+    return generation == generation_ && std::find(probes_.begin(), probes_.end(), name) != probes_.end();
+  }
+  ResultHandle FetchSlice(const std::string& name, std::string& error) {
+    ResultHandle r = Statement("fetch " + std::to_string(kNextSlice) + " from " + name, 1, false, error);
+    if (r && Failed(r.get())) error = Explain(r.get());
+    return r;
+  }
+  // Closes a server cursor; the transaction opened for it ends with the last one.
+  void EndProbe(const std::string& name) {
+    const auto it = std::find(probes_.begin(), probes_.end(), name);
+    if (it == probes_.end()) return;
+    probes_.erase(it);
+    std::string ignored;
+    if (txn_ == Txn::Probe && probes_.empty()) {  // the commit closes the cursor
+      Run(PQtransactionStatus(conn_.get()) == PQTRANS_INTRANS ? "commit" : "rollback", ignored);
+      EndTransaction();
+    } else if (PQtransactionStatus(conn_.get()) == PQTRANS_INTRANS) {
+      Statement("close " + name, 0, false, ignored);
+    }
   }
   unsigned CitextOid() const { return citext_; }
+  long Generation() const { return generation_; }
 
  private:
-  static bool SameShape(const PendingRow& a, const PendingRow& b) {
-    if (a.table != b.table || a.cells.size() != b.cells.size()) return false;
-    for (std::size_t k = 0; k < a.cells.size(); ++k)
-      if (a.cells[k].first != b.cells[k].first) return false;
+  // Who opened the transaction standing on the connection.
+  enum class Txn { None, Probe, Operation };
+
+  // Every server cursor and the transaction end together.
+  void EndTransaction() {
+    txn_ = Txn::None;
+    pendingBegin_ = lockPending_ = false;
+    clean_ = true;
+    probes_.clear();
+    ++generation_;
+  }
+
+  std::string Explain(const PGresult* r) const {
+    const std::string engine = EngineText(conn_.get(), r);
+    const char* state = r ? PQresultErrorField(r, PG_DIAG_SQLSTATE) : nullptr;
+    const std::string code = state ? state : "";
+    const std::string where = Where();
+    if (code == "53100") return "disk full: " + where + " (" + engine + ")";
+    if (code == "57014")
+      return "the statement ran longer than " + std::to_string(params_.commandTimeout) + " s and was cancelled: " +
+             where;
+    if (code == "55P03" || code == "40P01") return "database is locked by another process: " + where + " (" + engine + ")";
+    if (code.rfind("28", 0) == 0) return "authentication failed for user \"" + params_.Get("user") + "\" on " + where;
+    if (!conn_ || PQstatus(conn_.get()) == CONNECTION_BAD)
+      return "the connection to the server was lost: " + where + " (" + engine + ")";
+    return engine + " (" + where + ")";
+  }
+
+  Clock::time_point Deadline() const {
+    return Clock::now() + std::chrono::seconds(params_.commandTimeout + kClientGrace);
+  }
+
+  // Waits until a result can be read without blocking; false at the deadline or
+  // when the connection fails.
+  static bool Await(PGconn* conn, Clock::time_point deadline, std::string& error) {
+    while (PQisBusy(conn)) {
+      const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now()).count();
+      if (left <= 0) {
+        error = "the server did not answer in time";
+        return false;
+      }
+      pollfd p{PQsocket(conn), POLLIN, 0};
+      const int n = ::poll(&p, 1, static_cast<int>(std::min<long long>(left, 1000)));
+      if (n < 0 && errno != EINTR) {
+        error = std::strerror(errno);
+        return false;
+      }
+      if (n > 0 && !PQconsumeInput(conn)) {
+        error = EngineText(conn);
+        return false;
+      }
+    }
     return true;
+  }
+
+  // The results of the command sent: the first that failed, else the last that
+  // holds rows, else the last. A COPY start is returned at once. Null when the
+  // server did not answer in time or the connection broke (error filled).
+  static ResultHandle CollectOn(PGconn* conn, Clock::time_point deadline, std::string& error) {
+    ResultHandle kept;
+    bool keptFailed = false, keptRows = false;
+    for (;;) {
+      if (!Await(conn, deadline, error)) return nullptr;
+      ResultHandle r(PQgetResult(conn));
+      if (!r) return kept;
+      const auto status = PQresultStatus(r.get());
+      if (status == PGRES_COPY_IN || status == PGRES_COPY_OUT || status == PGRES_COPY_BOTH) return r;
+      if (status == PGRES_PIPELINE_SYNC) return kept;
+      if (keptFailed) continue;
+      if (Failed(r.get())) {
+        kept = std::move(r);
+        keptFailed = true;
+      } else if (status == PGRES_TUPLES_OK || !keptRows) {
+        keptRows = keptRows || status == PGRES_TUPLES_OK;
+        kept = std::move(r);
+      }
+    }
+  }
+
+  // A connection whose server stopped answering cannot be trusted with the next
+  // statement: it is closed (the server then cancels what it still runs).
+  ResultHandle Collect(std::string& error) {
+    ResultHandle r = CollectOn(conn_.get(), Deadline(), error);
+    if (!r && !error.empty()) {
+      error = "the server stopped answering: " + Where() + " (" + error + ")";
+      Drop();
+    }
+    return r;
+  }
+
+  static bool RunOn(PGconn* conn, const std::string& text, Clock::time_point deadline, std::string& error) {
+    if (!PQsendQuery(conn, text.c_str())) {
+      error = EngineText(conn);
+      return false;
+    }
+    ResultHandle r = CollectOn(conn, deadline, error);
+    if (!r) return false;
+    if (Failed(r.get())) {
+      error = EngineText(conn, r.get());
+      return false;
+    }
+    return true;
+  }
+
+  // The session's own statements (begin, commit, savepoints): the simple protocol.
+  bool Run(const std::string& text, std::string& error) {
+    if (!conn_) {
+      error = "no connection";
+      return false;
+    }
+    if (!PQsendQuery(conn_.get(), text.c_str())) {
+      error = Explain(nullptr);
+      return false;
+    }
+    ResultHandle r = Collect(error);
+    if (!r) return false;
+    if (Failed(r.get())) {
+      error = Explain(r.get());
+      return false;
+    }
+    return true;
+  }
+
+  // Closes a connection that cannot be trusted any more; an operation that has
+  // written nothing yet stays pending for the next connection.
+  void Drop() {
+    const bool resume = txn_ == Txn::Operation && pendingBegin_;
+    conn_.reset();
+    prepared_.clear();
+    EndTransaction();
+    if (resume) {
+      txn_ = Txn::Operation;
+      pendingBegin_ = true;
+    }
+  }
+
+  // One statement of the module (the extended protocol runs exactly one).
+  // - The first write of an operation's transaction goes in one round trip with
+  //   the begin and the writers' lock (Begin only notes that one is wanted).
+  // - In a transaction that holds writes (or a whole-table read's cursor), the
+  //   statement runs between a savepoint and its release, in the same round
+  //   trip, so that its failure undoes only itself.
+  // - A statement that fails in an operation's transaction that holds nothing
+  //   yet rolls that back and begins again at the next write: nothing is lost.
+  ResultHandle Statement(const std::string& text, int format, bool writes, std::string& error) {
+    if (!conn_) {
+      error = "no connection";
+      return nullptr;
+    }
+    PGconn* c = conn_.get();
+    const bool operation = txn_ == Txn::Operation;
+    const bool beginFirst = operation && (pendingBegin_ || lockPending_) && writes;
+    const bool unsaved = operation && clean_ && probes_.empty();
+    const bool guard = PQtransactionStatus(c) == PQTRANS_INTRANS && !unsaved;
+    if (!beginFirst && !guard) {
+      if (!PQsendQueryParams(c, text.c_str(), 0, nullptr, nullptr, nullptr, nullptr, format)) {
+        error = Explain(nullptr);
+        return nullptr;
+      }
+      ResultHandle r = Collect(error);
+      AfterStatement(r.get(), writes);
+      return r;
+    }
+    if (!PQenterPipelineMode(c)) {
+      error = Explain(nullptr);
+      return nullptr;
+    }
+    std::vector<std::pair<std::string, int>> commands;  // text, result format
+    if (beginFirst) {
+      if (pendingBegin_) commands.emplace_back("begin", 0);
+      commands.emplace_back(kWriterLock, 0);
+    }
+    if (guard) commands.emplace_back("savepoint petrodb_statement", 0);
+    const std::size_t mineAt = commands.size();
+    commands.emplace_back(text, format);
+    if (guard) commands.emplace_back("release savepoint petrodb_statement", 0);
+    bool sent = true;
+    for (const auto& [command, resultFormat] : commands)
+      sent = sent && PQsendQueryParams(c, command.c_str(), 0, nullptr, nullptr, nullptr, nullptr, resultFormat);
+    sent = sent && PQpipelineSync(c);
+    std::string broken = sent ? "" : EngineText(c);
+    std::vector<ResultHandle> results;
+    const Clock::time_point deadline = Deadline();
+    // Each command's results end with a null result; the sync has no null after it.
+    for (std::size_t command = 0; command <= commands.size() && broken.empty(); ++command)
+      results.push_back(CollectOn(c, deadline, broken));
+    if (!broken.empty()) {
+      error = "the server stopped answering: " + Where() + " (" + broken + ")";
+      Drop();
+      return nullptr;
+    }
+    PQexitPipelineMode(c);
+    if (beginFirst) pendingBegin_ = lockPending_ = false;
+    ResultHandle mine = std::move(results[mineAt]);
+    // The begin or the lock failed (a lock wait past its time): the statement did not run.
+    for (std::size_t k = 0; k < mineAt && beginFirst; ++k)
+      if (!results[k] || Failed(results[k].get())) {
+        mine = std::move(results[k]);
+        break;
+      }
+    if (guard && (!mine || Failed(mine.get()))) {
+      std::string ignored;
+      Run("rollback to savepoint petrodb_statement; release savepoint petrodb_statement", ignored);
+    } else {
+      AfterStatement(mine.get(), writes);
+    }
+    if (!mine) error = "the server gave no result";
+    return mine;
+  }
+
+  // Keeps track of what the operation's transaction holds.
+  void AfterStatement(const PGresult* r, bool writes) {
+    if (txn_ != Txn::Operation || pendingBegin_) return;
+    if (r && !Failed(r)) {
+      if (writes) clean_ = false;
+      return;
+    }
+    if (clean_ && probes_.empty() && conn_ && PQtransactionStatus(conn_.get()) == PQTRANS_INERROR) {
+      std::string ignored;
+      Run("rollback", ignored);
+      pendingBegin_ = true;
+    }
   }
 
   static bool IsWholeTableRead(const std::string& statement, std::string& table) {
@@ -277,41 +706,67 @@ class PgConnection final : public Connection {
 
   // Checks the connection before a statement: one that the server dropped while
   // it lay idle is replaced, so the statement never meets a dead connection.
+  // An operation whose transaction already holds writes cannot move to another
+  // connection: it fails; one that has written nothing yet goes on there.
   bool Live(std::string& error) {
-    if (PQstatus(conn_.get()) == CONNECTION_OK && PQtransactionStatus(conn_.get()) == PQTRANS_IDLE &&
-        SocketQuiet(conn_.get()))
-      return true;
-    if (PQstatus(conn_.get()) == CONNECTION_OK && PQtransactionStatus(conn_.get()) != PQTRANS_IDLE) return true;
+    const bool ok = conn_ && PQstatus(conn_.get()) == CONNECTION_OK;
+    if (ok && PQtransactionStatus(conn_.get()) != PQTRANS_IDLE) return true;
+    if (ok && SocketQuiet(conn_.get())) return true;
+    if (txn_ == Txn::Operation && !pendingBegin_) {
+      error = "the connection to the server was lost during the operation: " + Where();
+      Drop();
+      return false;
+    }
     return Reconnect(error);
   }
 
   bool Reconnect(std::string& error) {
     ConnHandle fresh = params_.Connect(error);
     if (!fresh) return false;
+    CountConnectionOpened();
+    const bool resume = txn_ == Txn::Operation && pendingBegin_;
     conn_ = std::move(fresh);
     prepared_.clear();
-    probe_ = 0;
+    EndTransaction();
+    if (resume) {
+      txn_ = Txn::Operation;
+      pendingBegin_ = true;
+    }
     return true;
   }
 
-  bool Simple(const char* text, std::string& error) {
-    ResultHandle r(PQexec(conn_.get(), text));
-    if (PQresultStatus(r.get()) == PGRES_COMMAND_OK) return true;
-    error = ErrorText(conn_.get(), r.get());
-    return false;
-  }
-
+  // One round trip: the cursor's own transaction when none is open (else a
+  // savepoint, so that a missing table undoes only itself), the declare and the
+  // first slice.
   std::unique_ptr<Cursor> OpenProbe(const std::string& table, std::string& error) {
-    const std::string text = "begin; declare petrodb_rows binary no scroll cursor for select * from " + table +
-                             "; fetch " + std::to_string(kFirstSlice) + " from petrodb_rows";
-    ResultHandle r(PQexec(conn_.get(), text.c_str()));
-    if (PQresultStatus(r.get()) != PGRES_TUPLES_OK) {
-      error = ErrorText(conn_.get(), r.get());
-      if (PQtransactionStatus(conn_.get()) != PQTRANS_IDLE) ResultHandle(PQexec(conn_.get(), "rollback"));
+    const std::string name = "petrodb_rows_" + std::to_string(++probeCounter_);
+    const std::string body = "declare " + name + " binary no scroll cursor for select * from " + table + "; fetch " +
+                             std::to_string(kFirstSlice) + " from " + name;
+    const bool opened = txn_ == Txn::None || (txn_ == Txn::Operation && pendingBegin_);
+    const std::string text =
+        opened ? "begin; " + body : "savepoint petrodb_statement; " + body + "; release savepoint petrodb_statement";
+    ResultHandle r;
+    if (PQsendQuery(conn_.get(), text.c_str())) r = Collect(error);
+    if (!r || PQresultStatus(r.get()) != PGRES_TUPLES_OK) {
+      if (r) error = Explain(r.get());
+      if (conn_) {
+        std::string ignored;
+        if (!opened)
+          Run("rollback to savepoint petrodb_statement; release savepoint petrodb_statement", ignored);
+        else if (PQtransactionStatus(conn_.get()) != PQTRANS_IDLE)
+          Run("rollback", ignored);
+      }
       return nullptr;
     }
-    probe_ = ++probeCounter_;
-    return std::make_unique<PgCursor>(this, std::move(r), probe_);
+    if (txn_ == Txn::None) txn_ = Txn::Probe;
+    // An operation that has written nothing yet takes the writers' lock in this
+    // transaction before its first write.
+    if (txn_ == Txn::Operation && pendingBegin_) {
+      pendingBegin_ = false;
+      lockPending_ = true;
+    }
+    probes_.push_back(name);
+    return std::make_unique<PgCursor>(this, std::move(r), name, generation_);
   }
 
   void LookUpCitext() {
@@ -320,42 +775,31 @@ class PgConnection final : public Connection {
       citext_ = static_cast<unsigned>(std::strtoul(PQgetvalue(r.get(), 0, 0), nullptr, 10));
   }
 
-  static std::string InsertText(const PendingRow& row) {
-    if (row.cells.empty()) return "insert into " + row.table + " default values";
-    std::string text = "insert into " + row.table + " (";
-    std::string marks;
-    for (std::size_t k = 0; k < row.cells.size(); ++k) {
-      text += (k ? ", " : "") + pg::ColumnIdentifier(row.cells[k].first);
-      marks += (k ? ", $" : "$") + std::to_string(k + 1);
-    }
-    return text + ") values (" + marks + ")";
-  }
+  static std::string Parameter(std::size_t k) { return "$" + std::to_string(k + 1); }
 
   static std::string CellText(const PendingRow& row, std::size_t k) {
     const Cell& cell = row.cells[k].second;
     if (const auto* i = std::get_if<std::int64_t>(&cell)) return std::to_string(*i);
     if (const auto* d = std::get_if<double>(&cell)) return pg::DoubleText(*d);
-    if (const auto* t = std::get_if<TextValue>(&cell)) return MaybeDate(t->text) ? NormaliseDateText(t->text, false) : t->text;
+    if (const auto* t = std::get_if<TextValue>(&cell)) return t->text;  // the server reads date columns itself
     return {};
-  }
-
-  // Texts in the module's date form are stored padded, as the file backend does.
-  static bool MaybeDate(const std::string& text) {
-    return text.size() >= 11 && text.size() <= 40 && std::isdigit(static_cast<unsigned char>(text[0])) &&
-           text.find(':') != std::string::npos;
   }
 
   // Rows one by one through a statement prepared once per connection; arrays
   // travel as binary parameters.
-  bool InsertEach(const std::vector<PendingRow>& rows, std::size_t from, std::size_t to, std::string& error) {
-    const std::string text = InsertText(rows[from]);
+  bool InsertEach(const std::vector<PendingRow>& rows, std::size_t from, std::size_t to,
+                  std::vector<std::string>& ran, std::string& error) {
+    const std::string text = InsertText(rows[from], &pg::ColumnIdentifier, &Parameter);
+    ran.push_back(text);
     const std::size_t n = rows[from].cells.size();
     std::string& name = prepared_[text];
     if (name.empty()) {
       const std::string candidate = "petrodb_" + std::to_string(++preparedCounter_);
-      ResultHandle r(PQprepare(conn_.get(), candidate.c_str(), text.c_str(), static_cast<int>(n), nullptr));
-      if (PQresultStatus(r.get()) != PGRES_COMMAND_OK) {
-        error = ErrorText(conn_.get(), r.get());
+      ResultHandle r;
+      if (PQsendPrepare(conn_.get(), candidate.c_str(), text.c_str(), static_cast<int>(n), nullptr))
+        r = Collect(error);
+      if (!r || PQresultStatus(r.get()) != PGRES_COMMAND_OK) {
+        if (r) error = Explain(r.get());
         prepared_.erase(text);
         return false;
       }
@@ -382,10 +826,12 @@ class PgConnection final : public Connection {
           values[k] = texts[k].c_str();
         }
       }
-      ResultHandle r(PQexecPrepared(conn_.get(), name.c_str(), static_cast<int>(n), values.data(), lengths.data(),
-                                    formats.data(), 0));
-      if (PQresultStatus(r.get()) != PGRES_COMMAND_OK) {
-        error = ErrorText(conn_.get(), r.get());
+      ResultHandle r;
+      if (PQsendQueryPrepared(conn_.get(), name.c_str(), static_cast<int>(n), values.data(), lengths.data(),
+                              formats.data(), 0))
+        r = Collect(error);
+      if (!r || PQresultStatus(r.get()) != PGRES_COMMAND_OK) {
+        if (r) error = Explain(r.get());
         return false;
       }
     }
@@ -393,14 +839,17 @@ class PgConnection final : public Connection {
   }
 
   // A long run of rows with the same columns through COPY, in text format.
-  bool Copy(const std::vector<PendingRow>& rows, std::size_t from, std::size_t to, std::string& error) {
+  bool Copy(const std::vector<PendingRow>& rows, std::size_t from, std::size_t to, std::vector<std::string>& ran,
+            std::string& error) {
     const PendingRow& first = rows[from];
     std::string text = "copy " + first.table + " (";
     for (std::size_t k = 0; k < first.cells.size(); ++k) text += (k ? ", " : "") + pg::ColumnIdentifier(first.cells[k].first);
     text += ") from stdin";
-    ResultHandle start(PQexec(conn_.get(), text.c_str()));
-    if (PQresultStatus(start.get()) != PGRES_COPY_IN) {
-      error = ErrorText(conn_.get(), start.get());
+    ran.push_back(text);
+    ResultHandle start;
+    if (PQsendQuery(conn_.get(), text.c_str())) start = Collect(error);
+    if (!start || PQresultStatus(start.get()) != PGRES_COPY_IN) {
+      if (start) error = Explain(start.get());
       return false;
     }
     std::string buffer;
@@ -416,10 +865,7 @@ class PgConnection final : public Connection {
         } else if (const auto* v = std::get_if<Variant>(&cell)) {
           pg::AppendCopyBytea(buffer, v->Data(), v->Size() * sizeof(double));
         } else if (const auto* t = std::get_if<TextValue>(&cell)) {
-          if (MaybeDate(t->text))
-            pg::AppendCopyText(buffer, NormaliseDateText(t->text, false));
-          else
-            pg::AppendCopyText(buffer, t->text);
+          pg::AppendCopyText(buffer, t->text);
         } else if (const auto* d = std::get_if<double>(&cell)) {
           pg::AppendDouble(buffer, *d);
         } else if (const auto* n = std::get_if<std::int64_t>(&cell)) {
@@ -436,61 +882,41 @@ class PgConnection final : public Connection {
     if (sent && !buffer.empty())
       sent = PQputCopyData(conn_.get(), buffer.data(), static_cast<int>(buffer.size())) == 1;
     sent = PQputCopyEnd(conn_.get(), sent ? nullptr : "the rows could not be sent") == 1 && sent;
-    bool ok = sent;
-    while (PGresult* raw = PQgetResult(conn_.get())) {
-      ResultHandle r(raw);
-      if (PQresultStatus(raw) != PGRES_COMMAND_OK) {
-        if (ok) error = ErrorText(conn_.get(), raw);
-        ok = false;
-      }
-    }
-    if (!sent && error.empty()) error = ErrorText(conn_.get());
-    return ok;
-  }
-
-  // "RESTORE DATABASE": a new database on this server, loaded from the backup
-  // script in one transaction; a database whose load fails is dropped again.
-  bool Restore(const pg::RestorePlan& plan, std::string& error) {
-    std::ifstream in(plan.backup, std::ios::binary);
-    if (!in) {
-      error = "cannot read the backup \"" + plan.backup + "\"";
+    ResultHandle done = Collect(error);
+    if (!done) return false;
+    if (Failed(done.get()) || !sent) {
+      error = Explain(done.get());
       return false;
     }
-    std::stringstream script;
-    script << in.rdbuf();
-    const std::string create = "create database " + plan.database;
-    if (!Simple(create.c_str(), error)) return false;
-    ServerParams target = params_;
-    target.Set("dbname", plan.database);
-    bool loaded = false;
-    if (ConnHandle conn = target.Connect(error)) {
-      ResultHandle r(PQexec(conn.get(), ("begin;\n" + script.str() + "\ncommit;").c_str()));
-      loaded = PQresultStatus(r.get()) == PGRES_COMMAND_OK && PQtransactionStatus(conn.get()) == PQTRANS_IDLE;
-      if (!loaded) error = "cannot load \"" + plan.backup + "\": " + ErrorText(conn.get(), r.get());
-    }
-    if (!loaded) {
-      std::string ignored;
-      Simple(("drop database if exists " + plan.database).c_str(), ignored);
-    }
-    return loaded;
+    return true;
   }
 
   ConnHandle conn_;
   ServerParams params_;
   Dialect dialect_;
   unsigned citext_ = 0;
-  long probe_ = 0;
+  Txn txn_ = Txn::None;
+  bool pendingBegin_ = false;  // an operation's transaction not yet begun on the server
+  bool lockPending_ = false;   // begun (by a whole-table read), the writers' lock not yet taken
+  bool clean_ = true;          // the operation's transaction holds no write yet
+  std::vector<std::string> probes_;  // open server cursors
+  long generation_ = 0;              // counts transaction ends: cursors of an ended one are gone
   long probeCounter_ = 0;
   std::unordered_map<std::string, std::string> prepared_;
   long preparedCounter_ = 0;
 };
 
-PgCursor::PgCursor(PgConnection* owner, ResultHandle result, long probe) : owner_(owner), probe_(probe) {
+PgCursor::PgCursor(PgConnection* owner, ResultHandle result, std::string probe, long generation)
+    : owner_(owner), probe_(std::move(probe)), generation_(generation) {
   Adopt(std::move(result));
 }
 
-PgCursor::~PgCursor() {
-  if (probe_ && owner_->ProbeOpen(probe_)) owner_->EndProbe();
+// A read abandoned early closes its server cursor.
+PgCursor::~PgCursor() { End(); }
+
+void PgCursor::End() {
+  if (!probe_.empty() && owner_->ProbeOpen(probe_, generation_)) owner_->EndProbe(probe_);
+  probe_.clear();
 }
 
 void PgCursor::Adopt(ResultHandle result) {
@@ -504,20 +930,28 @@ void PgCursor::Adopt(ResultHandle result) {
     if (types_[i] == owner_->CitextOid()) types_[i] = pg::kText;
   }
   scratch_.assign(n, std::string());
-  // The last slice of a server cursor ends its transaction at once.
-  if (probe_ && rows_ == 0 && owner_->ProbeOpen(probe_)) owner_->EndProbe();
+  // The last slice of a server cursor closes it at once.
+  if (rows_ == 0) End();
 }
 
 bool PgCursor::Next() {
   if (row_ >= rows_) return false;
   if (++row_ < rows_) return true;
-  if (!probe_ || !owner_->ProbeOpen(probe_) || rows_ < slice_) {
-    if (probe_ && owner_->ProbeOpen(probe_)) owner_->EndProbe();
+  if (probe_.empty() || rows_ < slice_) {
+    End();
     return false;
   }
-  ResultHandle slice = owner_->FetchSlice();
-  if (PQresultStatus(slice.get()) != PGRES_TUPLES_OK) {
-    owner_->EndProbe();
+  if (!owner_->ProbeOpen(probe_, generation_)) {
+    error_ = "the rows of a whole-table read were cut short: its transaction ended";
+    probe_.clear();
+    return false;
+  }
+  std::string error;
+  ResultHandle slice = owner_->FetchSlice(probe_, error);
+  if (!slice || PQresultStatus(slice.get()) != PGRES_TUPLES_OK) {
+    error_ = error.empty() ? "the next rows could not be fetched" : error;
+    End();
+    rows_ = row_ = 0;
     return false;
   }
   slice_ = kNextSlice;
@@ -540,6 +974,7 @@ CellKind PgCursor::Kind(int i) const {
   }
 }
 
+// Integer and Real of a column of another kind read its text (0 when it is no number).
 std::int64_t PgCursor::Integer(int i) const {
   switch (types_[i]) {
     case pg::kBool: return Value(i)[0] != 0;
@@ -547,7 +982,13 @@ std::int64_t PgCursor::Integer(int i) const {
     case pg::kInt4: return pg::ReadBigEndian(Value(i), 4);
     case pg::kOid: return static_cast<std::uint32_t>(pg::ReadBigEndian(Value(i), 4));
     case pg::kInt8: return pg::ReadBigEndian(Value(i), 8);
-    default: return static_cast<std::int64_t>(Real(i));
+    case pg::kFloat4:
+    case pg::kFloat8: return static_cast<std::int64_t>(Real(i));
+    case pg::kBytea: return 0;
+    default: {
+      double d = 0;
+      return sql::ParseWholeNumber(Text(i), d) && d > -9.2e18 && d < 9.2e18 ? static_cast<std::int64_t>(d) : 0;
+    }
   }
 }
 
@@ -555,7 +996,16 @@ double PgCursor::Real(int i) const {
   switch (types_[i]) {
     case pg::kFloat4: return pg::ReadFloat4(Value(i));
     case pg::kFloat8: return pg::ReadFloat8(Value(i));
-    default: return static_cast<double>(Integer(i));
+    case pg::kBool:
+    case pg::kInt2:
+    case pg::kInt4:
+    case pg::kOid:
+    case pg::kInt8: return static_cast<double>(Integer(i));
+    case pg::kBytea: return 0;
+    default: {
+      double d = 0;
+      return sql::ParseWholeNumber(Text(i), d) ? d : 0;
+    }
   }
 }
 

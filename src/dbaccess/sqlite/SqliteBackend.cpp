@@ -1,8 +1,12 @@
 // The embedded engine: project files are SQLite databases.
+#include <fcntl.h>
 #include <sqlite3.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <bit>
+#include <cerrno>
+#include <cstdio>
 #include <cstring>
 #include <list>
 #include <map>
@@ -89,10 +93,36 @@ bool ChangesSchema(const std::string& statement) {
   return word.rfind("create", 0) == 0 || word.rfind("alter", 0) == 0 || word.rfind("drop", 0) == 0;
 }
 
+// The engine's error in words a person can act on, naming the file.
+std::string Explain(int code, const std::string& engine, const std::string& path) {
+  switch (code & 0xff) {
+    case SQLITE_FULL: return "disk full: " + path + " (" + engine + ")";
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED: return "database is locked by another process: " + path;
+    case SQLITE_NOTADB: return "not a project file: " + path;
+    case SQLITE_CORRUPT: return "the project file is damaged: " + path + " (" + engine + ")";
+    case SQLITE_READONLY: return "the project is read-only: " + path + " (" + engine + ")";
+    case SQLITE_CANTOPEN: return "cannot open " + path + " (" + engine + ")";
+    case SQLITE_IOERR: return "cannot read or write " + path + " (" + engine + ")";
+    case SQLITE_PERM:
+    case SQLITE_AUTH: return "permission denied: " + path + " (" + engine + ")";
+    default: return engine + " (" + path + ")";
+  }
+}
+
+// The engine's code, or a full disk whatever code the engine made of it (an
+// index of the write-ahead log that cannot be made, for one).
+int ErrorCode(sqlite3* db) {
+  const int code = sqlite3_extended_errcode(db);
+  return code != SQLITE_OK && sqlite3_system_errno(db) == ENOSPC ? SQLITE_FULL : code;
+}
+
+std::string Explain(sqlite3* db, const std::string& path) { return Explain(ErrorCode(db), sqlite3_errmsg(db), path); }
+
 class SqliteCursor final : public Cursor {
  public:
-  SqliteCursor(sqlite3_stmt* stmt, StmtHandle owned, bool onRow)
-      : stmt_(stmt), owned_(std::move(owned)), onRow_(onRow) {}
+  SqliteCursor(sqlite3_stmt* stmt, StmtHandle owned, bool onRow, const std::string* path)
+      : stmt_(stmt), owned_(std::move(owned)), onRow_(onRow), path_(path) {}
   ~SqliteCursor() override {
     if (!owned_) {
       sqlite3_reset(stmt_);  // back to the cache, ending the read
@@ -102,9 +132,12 @@ class SqliteCursor final : public Cursor {
   bool OnRow() const override { return onRow_; }
   bool Next() override {
     if (!onRow_) return false;
-    onRow_ = sqlite3_step(stmt_) == SQLITE_ROW;
+    const int rc = sqlite3_step(stmt_);
+    onRow_ = rc == SQLITE_ROW;
+    if (rc != SQLITE_ROW && rc != SQLITE_DONE) error_ = Explain(sqlite3_db_handle(stmt_), *path_);
     return onRow_;
   }
+  std::string Error() const override { return error_; }
   int ColumnCount() const override {
     return names_.empty() ? sqlite3_column_count(stmt_) : static_cast<int>(names_.size());
   }
@@ -143,6 +176,8 @@ class SqliteCursor final : public Cursor {
   sqlite3_stmt* stmt_;
   StmtHandle owned_;  // set when the cached statement was busy
   bool onRow_;
+  const std::string* path_;
+  std::string error_;
   mutable std::vector<std::string_view> names_;
 };
 
@@ -159,14 +194,17 @@ class SqliteConnection final : public Connection {
   ~SqliteConnection() override { cache_.Clear(); }
 
   Dialect GetDialect() const override { return dialect_; }
+  std::string Where() const override { return path_; }
 
   // The file must still be the one opened: a project replaced or removed under a
   // pooled connection is reopened, not read through a stale handle.
   bool Healthy() override {
+    if (db_ && !sqlite3_get_autocommit(db_.get())) Rollback();  // never hand out an open transaction
     struct stat st{};
     return db_ && ::stat(path_.c_str(), &st) == 0 && st.st_dev == device_ && st.st_ino == inode_;
   }
 
+  // Date columns hold ISO text: literals given to them are padded as stored.
   std::string Rewrite(const std::string& statement) const override {
     return dialect_ == Dialect::Jet ? RewriteJetForSqlite(statement) : NormaliseDateLiterals(statement);
   }
@@ -177,11 +215,11 @@ class SqliteConnection final : public Connection {
     if (!stmt) return nullptr;
     const int rc = sqlite3_step(stmt);
     if (rc != SQLITE_ROW && rc != SQLITE_DONE) {
-      error = sqlite3_errmsg(db_.get());
+      error = Explain(db_.get(), path_);
       sqlite3_reset(stmt);
       return nullptr;
     }
-    return std::make_unique<SqliteCursor>(stmt, std::move(owned), rc == SQLITE_ROW);
+    return std::make_unique<SqliteCursor>(stmt, std::move(owned), rc == SQLITE_ROW, &path_);
   }
 
   bool Execute(const std::string& statement, std::string& error) override {
@@ -191,7 +229,7 @@ class SqliteConnection final : public Connection {
     int rc;
     while ((rc = sqlite3_step(stmt)) == SQLITE_ROW) {
     }
-    if (rc != SQLITE_DONE) error = sqlite3_errmsg(db_.get());
+    if (rc != SQLITE_DONE) error = Explain(db_.get(), path_);
     sqlite3_reset(stmt);
     if (rc == SQLITE_DONE && ChangesSchema(statement)) dateColumns_.clear();
     return rc == SQLITE_DONE;
@@ -210,25 +248,52 @@ class SqliteConnection final : public Connection {
     return found;
   }
 
-  bool Insert(const std::vector<PendingRow>& rows, std::string& error) override {
+  bool Insert(const std::vector<PendingRow>& rows, std::vector<std::string>& ran, std::string& error) override {
     lastInsert_ = nullptr;
-    if (sqlite3_exec(db_.get(), "begin immediate", nullptr, nullptr, nullptr) != SQLITE_OK) {
-      error = sqlite3_errmsg(db_.get());
-      return false;
-    }
+    const bool own = !InTransaction();
+    if (own && !Begin(error)) return false;
     for (std::size_t i = 0; i < rows.size(); ++i) {
-      if (!InsertRow(rows[i], i > 0 ? &rows[i - 1] : nullptr, error)) {
-        sqlite3_exec(db_.get(), "rollback", nullptr, nullptr, nullptr);
+      const bool sameRun = i > 0 && SameShape(rows[i], rows[i - 1]);
+      if (!sameRun) ran.push_back(InsertText(rows[i]));
+      if (!InsertRow(rows[i], sameRun, error)) {
+        if (own) Rollback();
         return false;
       }
     }
-    if (sqlite3_exec(db_.get(), "commit", nullptr, nullptr, nullptr) != SQLITE_OK) {
-      error = sqlite3_errmsg(db_.get());
-      sqlite3_exec(db_.get(), "rollback", nullptr, nullptr, nullptr);
+    return !own || Commit(error);
+  }
+
+  bool Begin(std::string& error) override {
+    if (sqlite3_exec(db_.get(), "begin immediate", nullptr, nullptr, nullptr) != SQLITE_OK) {
+      error = Explain(db_.get(), path_);
       return false;
     }
+    began_ = true;
     return true;
   }
+
+  bool Commit(std::string& error) override {
+    if (!InTransaction()) {
+      began_ = false;
+      error = "the transaction was ended by an earlier error (" + path_ + ")";
+      return false;
+    }
+    if (sqlite3_exec(db_.get(), "commit", nullptr, nullptr, nullptr) != SQLITE_OK) {
+      error = Explain(db_.get(), path_);
+      Rollback();
+      return false;
+    }
+    began_ = false;
+    return true;
+  }
+
+  void Rollback() override {
+    if (!sqlite3_get_autocommit(db_.get())) sqlite3_exec(db_.get(), "rollback", nullptr, nullptr, nullptr);
+    began_ = false;
+  }
+
+  // An error such as a full disk may end the transaction by itself.
+  bool InTransaction() const override { return began_ && !sqlite3_get_autocommit(db_.get()); }
 
  private:
   sqlite3_stmt* Prepare(const std::string& text, StmtHandle& owned, std::string& error) {
@@ -241,7 +306,7 @@ class SqliteConnection final : public Connection {
                                       SQLITE_PREPARE_PERSISTENT, &raw, &tail);
     StmtHandle stmt(raw);
     if (rc != SQLITE_OK || !stmt) {
-      error = rc != SQLITE_OK ? sqlite3_errmsg(db_.get()) : "empty statement";
+      error = rc != SQLITE_OK ? Explain(db_.get(), path_) : "empty statement";
       return nullptr;
     }
     if (tail && !OnlyBlanksLeft(tail)) {
@@ -275,36 +340,12 @@ class SqliteConnection final : public Connection {
     return dateColumns_.emplace(key, std::move(columns)).first->second;
   }
 
-  static std::string InsertText(const PendingRow& row) {
-    std::string text = "insert into " + row.table + " (";
-    std::string marks;
-    for (std::size_t k = 0; k < row.cells.size(); ++k) {
-      if (k) {
-        text += ", ";
-        marks += ", ";
-      }
-      text += row.cells[k].first;
-      marks += "?";
-    }
-    return text + ") values (" + marks + ")";
-  }
-
-  static bool SameShape(const PendingRow& a, const PendingRow& b) {
-    if (a.table != b.table || a.cells.size() != b.cells.size()) return false;
-    for (std::size_t k = 0; k < a.cells.size(); ++k)
-      if (a.cells[k].first != b.cells[k].first) return false;
-    return true;
-  }
-
   // Rows of the same table and columns as the row before reuse its statement.
-  bool InsertRow(const PendingRow& row, const PendingRow* previous, std::string& error) {
-    if (row.cells.empty()) {
-      const std::string text = "insert into " + row.table + " default values";
-      return Execute(text, error);
-    }
+  bool InsertRow(const PendingRow& row, bool sameRun, std::string& error) {
+    if (row.cells.empty()) return Execute(InsertText(row), error);
     StmtHandle owned;
     sqlite3_stmt* stmt = nullptr;
-    if (previous && lastInsert_ && SameShape(row, *previous)) {
+    if (sameRun && lastInsert_) {
       stmt = lastInsert_;
     } else {
       stmt = Prepare(InsertText(row), owned, error);
@@ -321,10 +362,9 @@ class SqliteConnection final : public Connection {
       } else if (const auto* d = std::get_if<double>(&cell)) {
         sqlite3_bind_double(stmt, slot, *d);
       } else if (const auto* t = std::get_if<TextValue>(&cell)) {
-        const bool dateColumn = !dates.empty() && dates.count(sql::AsciiLower(row.cells[k].first));
-        const bool maybeDate = !t->text.empty() && t->text.size() <= 40 && std::isdigit(static_cast<unsigned char>(t->text[0]));
-        if (maybeDate) {
-          const std::string normal = NormaliseDateText(t->text, dateColumn);
+        // Only a date column's text is put in the stored form; other text is kept byte for byte.
+        if (!dates.empty() && dates.count(sql::AsciiLower(row.cells[k].first))) {
+          const std::string normal = NormaliseDateText(t->text, true);
           sqlite3_bind_text(stmt, slot, normal.c_str(), static_cast<int>(normal.size()), SQLITE_TRANSIENT);
         } else {
           sqlite3_bind_text(stmt, slot, t->text.c_str(), static_cast<int>(t->text.size()), SQLITE_STATIC);
@@ -339,7 +379,7 @@ class SqliteConnection final : public Connection {
       }
     }
     const int rc = sqlite3_step(stmt);
-    if (rc != SQLITE_DONE) error = sqlite3_errmsg(db_.get());
+    if (rc != SQLITE_DONE) error = Explain(db_.get(), path_);
     sqlite3_reset(stmt);
     sqlite3_clear_bindings(stmt);
     return rc == SQLITE_DONE;
@@ -354,6 +394,7 @@ class SqliteConnection final : public Connection {
   std::map<std::string, std::set<std::string>> dateColumns_;
   sqlite3_stmt* lastInsert_ = nullptr;  // valid within one Insert call
   const std::set<std::string>* lastDates_ = nullptr;
+  bool began_ = false;
 };
 
 bool AcceptsSqlite(const ConnectionString& parsed) {
@@ -364,18 +405,58 @@ bool AcceptsSqlite(const ConnectionString& parsed) {
 // Journal and sync: WAL lets a session write while another holds a read open,
 // and synchronous=FULL syncs the log at every commit, so a committed save
 // survives a crash or power loss; a save batch is one commit.
-bool Configure(sqlite3* db, bool writable, std::string& error) {
+bool Configure(sqlite3* db, bool writable, const std::string& path, std::string& error) {
   sqlite3_busy_timeout(db, 5000);
   sqlite3_extended_result_codes(db, 1);
   // Reading the schema proves the file is a database at all.
   if (sqlite3_exec(db, "select count(*) from sqlite_master", nullptr, nullptr, nullptr) != SQLITE_OK) {
-    error = sqlite3_errmsg(db);
+    error = Explain(db, path);
     return false;
   }
-  if (writable) sqlite3_exec(db, "pragma journal_mode=wal", nullptr, nullptr, nullptr);
+  if (writable && !sqlite3_db_readonly(db, "main"))
+    sqlite3_exec(db, "pragma journal_mode=wal", nullptr, nullptr, nullptr);
   sqlite3_exec(db, "pragma synchronous=full; pragma cache_size=-16384; pragma temp_store=memory", nullptr, nullptr,
                nullptr);
   return true;
+}
+
+// A file that exists is opened only when it begins as a database does: an empty
+// file or any other file is never turned into one.
+bool LooksLikeDatabase(const std::string& path, std::string& error) {
+  struct stat st{};
+  if (::stat(path.c_str(), &st) != 0) return true;  // missing: the open reports it
+  if (S_ISDIR(st.st_mode)) {
+    error = "not a project file: " + path + " (a directory)";
+    return false;
+  }
+  if (S_ISREG(st.st_mode) && st.st_size == 0) {
+    error = "not a project file: " + path + " (the file is empty)";
+    return false;
+  }
+  const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (fd < 0) return true;  // unreadable: the open reports why
+  char header[16] = {};
+  const ssize_t n = ::read(fd, header, sizeof header);
+  ::close(fd);
+  if (n != static_cast<ssize_t>(sizeof header) || std::memcmp(header, "SQLite format 3", 16) != 0) {
+    error = "not a project file: " + path;
+    return false;
+  }
+  return true;
+}
+
+std::string FileUri(const std::string& path, const char* parameters) {
+  std::string uri = "file:";
+  for (unsigned char c : path) {
+    if (std::isalnum(c) || std::strchr("/-_.~", c)) {
+      uri += static_cast<char>(c);
+    } else {
+      char hex[4];
+      std::snprintf(hex, sizeof hex, "%%%02X", c);
+      uri += hex;
+    }
+  }
+  return uri + "?" + parameters;
 }
 
 ConnectionPtr OpenSqlite(const ConnectionString& parsed, Dialect dialect, std::string& error) {
@@ -384,24 +465,38 @@ ConnectionPtr OpenSqlite(const ConnectionString& parsed, Dialect dialect, std::s
     error = "the connection string names no Data Source";
     return nullptr;
   }
+  if (!LooksLikeDatabase(path, error)) return nullptr;
   // An Access-style project must exist already; a plain SQLite database may be created.
   const bool mayCreate = sql::EqualsIgnoreCase(parsed.Get("Provider"), "sqlite");
   // "Mode=Read" (as OLE DB spells it) opens the file read-only.
   const std::string mode = sql::AsciiLower(parsed.Get("Mode"));
   const bool readOnly = mode == "read" || mode == "ro";
-  for (bool writable : {true, false}) {
-    if (writable && readOnly) continue;
+  // Read-write first; then read-only; then, for read-only media where not even
+  // the write-ahead log's index can be made, as an immutable file.
+  enum Attempt { ReadWrite, ReadOnly, Immutable };
+  std::string firstError;
+  for (Attempt attempt : {ReadWrite, ReadOnly, Immutable}) {
+    if (attempt == ReadWrite && readOnly) continue;
     sqlite3* raw = nullptr;
-    int flags = writable ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY;
-    if (writable && mayCreate) flags |= SQLITE_OPEN_CREATE;
-    const int rc = sqlite3_open_v2(path.c_str(), &raw, flags | SQLITE_OPEN_NOMUTEX, nullptr);
+    int flags = attempt == ReadWrite ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY;
+    if (attempt == ReadWrite && mayCreate) flags |= SQLITE_OPEN_CREATE;
+    const std::string name = attempt == Immutable ? FileUri(path, "immutable=1") : path;
+    if (attempt == Immutable) flags |= SQLITE_OPEN_URI;
+    const int rc = sqlite3_open_v2(name.c_str(), &raw, flags | SQLITE_OPEN_NOMUTEX, nullptr);
     DbHandle db(raw);
-    if (rc == SQLITE_OK && Configure(db.get(), writable, error))
+    std::string reason;
+    if (rc == SQLITE_OK && Configure(db.get(), attempt == ReadWrite, path, reason))
       return std::make_unique<SqliteConnection>(std::move(db), dialect, path);
-    if (rc != SQLITE_OK) error = db ? sqlite3_errmsg(db.get()) : "out of memory";
-    if (rc == SQLITE_OK) break;  // opened but unreadable: not a database
+    if (rc != SQLITE_OK) reason = db ? Explain(db.get(), path) : "out of memory";
+    if (firstError.empty()) firstError = reason;
+    // A file that is no database, or a damaged one, is not tried again.
+    const int code = db ? ErrorCode(db.get()) & 0xff : SQLITE_NOMEM;
+    if (code == SQLITE_NOTADB || code == SQLITE_CORRUPT || code == SQLITE_NOMEM || code == SQLITE_FULL) break;
+    // A missing file stays missing read-only.
+    struct stat st{};
+    if (::stat(path.c_str(), &st) != 0) break;
   }
-  error = "cannot open \"" + path + "\": " + error;
+  error = firstError;
   return nullptr;
 }
 
