@@ -1,5 +1,7 @@
 // LAS 2.0: the lenient reader, the strict writer, and the round trip through a well.
+#include <cmath>
 #include <cstring>
+#include <limits>
 #include <sstream>
 
 #include "TestSupport.h"
@@ -69,6 +71,43 @@ TEST(LasTest, ToleratesOddHeaders) {
   EXPECT_EQ(error, "line 5: not a number: x");
 }
 
+TEST(LasTest, ReadsCarriageReturnLineEndsAloneOrMixed) {
+  const std::string lf =
+      "~V\n VERS. 2.0 :\n~W\n NULL. -1 : null\n~C\n DEPT.M : depth\n GR.API : gamma\n~A\n1 10\n2 -1\n";
+  const las::File expected = ReadText(lf);
+  std::string cr = lf, mixed = lf;
+  for (char& c : cr)
+    if (c == '\n') c = '\r';
+  mixed.replace(mixed.find("\n~W"), 1, "\r");
+  mixed.replace(mixed.find("\n GR"), 1, "\r\n");
+  for (const std::string* text : {&cr, &mixed}) {
+    const las::File file = ReadText(*text);
+    ASSERT_EQ(file.curves.size(), 2u);
+    EXPECT_EQ(file.curves[1].mnemonic, "GR");
+    EXPECT_EQ(file.curves[1].description, "gamma");
+    EXPECT_EQ(file.curves[0].values, expected.curves[0].values);
+    EXPECT_EQ(file.curves[1].values, expected.curves[1].values);
+    EXPECT_TRUE(file.IsNull(file.curves[1].values[1]));
+  }
+  // Line numbers count CR alone, LF alone and CR-LF each as one line end.
+  las::File bad;
+  std::string error;
+  std::istringstream in("~V\r~C\r\n D.M :\n\r~A\r1 x\r");
+  EXPECT_FALSE(las::Read(in, bad, error));
+  EXPECT_EQ(error, "line 6: not a number: x");
+  // A byte order mark does not hide the first section.
+  EXPECT_EQ(ReadText("\xEF\xBB\xBF" + lf).curves.size(), 2u);
+}
+
+TEST(LasTest, DuplicateMnemonicsGetFreeNamesFromTheirOwnBase) {
+  const las::File file = ReadText("~V\n~C\n GR.:\n GR.:\n GR_2.:\n gr.:\n CURVE5.:\n .:\n~A\n1 2 3 4 5 6\n");
+  std::vector<std::string> names;
+  for (const auto& c : file.curves) names.push_back(c.mnemonic);
+  EXPECT_EQ(names, (std::vector<std::string>{"GR", "GR_2", "GR_2_2", "gr_3", "CURVE5", "CURVE6"}));
+  const las::File unnamed = ReadText("~V\n~C\n CURVE2.:\n .:\n~A\n1 2\n");
+  EXPECT_EQ(unnamed.curves[1].mnemonic, "CURVE2_2");
+}
+
 TEST(LasTest, WriterRefusesWhatItCannotReadBack) {
   las::File file;
   std::string error;
@@ -81,6 +120,90 @@ TEST(LasTest, WriterRefusesWhatItCannotReadBack) {
   file.curves[1] = {"dept", "API", "", {1, 2}};
   EXPECT_FALSE(las::Write(out, file, error));
   EXPECT_TRUE(out.str().empty());
+
+  // Each text a line of the file could not carry as it is, with the words the
+  // error must use to name it.
+  const las::Curve fine{"GR", "API", "gamma", {1, 2}};
+  const las::Item item{"WELL", "", "A-1", "well"};
+  struct Case {
+    const char* what;
+    las::Curve curve;
+    las::Item well;
+    las::Item parameter;
+    const char* error;
+  };
+  const Case cases[] = {
+      {"a comment mnemonic", {"#", "", "", {1, 2}}, item, item, "curve \"#\": the mnemonic \"#\" begins with '#'"},
+      {"a section mnemonic", {"~A", "", "", {1, 2}}, item, item, "begins with '~'"},
+      {"CR starting a mnemonic", {"\rGR", "", "", {1, 2}}, item, item, "the mnemonic \"\\rGR\" holds a line break"},
+      {"a dot", {"G.R", "", "", {1, 2}}, item, item, "holds a '.'"},
+      {"a colon", {"G:R", "", "", {1, 2}}, item, item, "holds a ':'"},
+      {"a tab", {"G\tR", "", "", {1, 2}}, item, item, "holds a blank"},
+      {"a blank in the unit", {"GR", "m s", "", {1, 2}}, item, item, "the unit \"m s\" holds a blank"},
+      {"a colon in a description", {"GR", "", "a: b", {1, 2}}, item, item, "the description \"a: b\" holds a ':'"},
+      {"a line break in a description", {"GR", "", "one\ntwo", {1, 2}}, item, item, "\"one\\ntwo\" holds a line break"},
+      {"CR-LF in a description", {"GR", "", "x\r\n\rGR", {1, 2}}, item, item, "holds a line break"},
+      {"blanks around a description", {"GR", "", " x", {1, 2}}, item, item, "begins or ends with a blank"},
+      {"an end-of-file byte", {"GR", "", "x\x1a", {1, 2}}, item, item, "\"x\\x1A\" holds a line break or an end-of-file"},
+      {"CR in a well value", fine, {"WELL", "", "A\r1", ""}, item, "well item \"WELL\": the value"},
+      {"a blank after a well value", fine, {"WELL", "", "A-1 ", ""}, item, "begins or ends with a blank"},
+      {"a dot in a parameter mnemonic", fine, item, {"B.HT", "", "1", ""}, "parameter \"B.HT\": the mnemonic"},
+      {"a comment parameter", fine, item, {"#BHT", "", "1", ""}, "begins with '#'"},
+  };
+  for (const auto& c : cases) {
+    las::File bad;
+    bad.curves = {{"DEPT", "M", "", {1, 2}}, c.curve};
+    bad.well = {c.well};
+    bad.parameters = {c.parameter};
+    std::ostringstream text;
+    error.clear();
+    EXPECT_FALSE(las::Write(text, bad, error)) << c.what << ":\n" << text.str();
+    EXPECT_NE(error.find(c.error), std::string::npos) << c.what << ": " << error;
+    EXPECT_TRUE(text.str().empty()) << c.what;
+  }
+}
+
+TEST(LasTest, WhatTheWriterAcceptsReadsBackAsItWas) {
+  // Texts at the edge of what a line can carry: colons in units and values,
+  // '#' and '~' inside a mnemonic or starting a description, an empty item
+  // mnemonic, UTF-8, and numbers without a short form.
+  las::File file;
+  file.nullValue = std::nan("");
+  file.hasNull = true;
+  file.curves = {{"DEPT", "ft", "#1 depth ~ measured", {-0.0, 1e-310, 5}},
+                 {"A#B", "a:b", "", {std::numeric_limits<double>::infinity(), -1.7976931348623157e308, 0.1}},
+                 {"T~", "", "伽马 ray", {std::nan(""), 1, 2}}};
+  file.well = {{"TIME", "", "10:30", "logging time"}, {"", "", "x : y", ""}, {"UWI", "", "", ""}};
+  file.parameters = {{"BHT", "DEGC", "35.5", "bottom hole temperature"}};
+  std::ostringstream out;
+  std::string error;
+  ASSERT_TRUE(las::Write(out, file, error)) << error;
+  const las::File back = ReadText(out.str());
+  ASSERT_EQ(back.curves.size(), file.curves.size()) << out.str();
+  for (std::size_t c = 0; c < file.curves.size(); ++c) {
+    EXPECT_EQ(back.curves[c].mnemonic, file.curves[c].mnemonic);
+    EXPECT_EQ(back.curves[c].unit, file.curves[c].unit);
+    EXPECT_EQ(back.curves[c].description, file.curves[c].description);
+    ASSERT_EQ(back.curves[c].values.size(), 3u);
+    for (std::size_t r = 0; r < 3; ++r) {
+      const double a = file.curves[c].values[r], b = back.curves[c].values[r];
+      if (std::isnan(a))
+        EXPECT_TRUE(std::isnan(b));
+      else
+        EXPECT_EQ(std::memcmp(&a, &b, sizeof a), 0) << file.curves[c].mnemonic << " " << r;
+    }
+  }
+  // The writer puts STRT, STOP, STEP and NULL first; the file's own items follow.
+  ASSERT_EQ(back.well.size(), 7u);
+  for (std::size_t i = 0; i < 3; ++i) {
+    EXPECT_EQ(back.well[4 + i].mnemonic, file.well[i].mnemonic);
+    EXPECT_EQ(back.well[4 + i].value, file.well[i].value);
+    EXPECT_EQ(back.well[4 + i].description, file.well[i].description);
+  }
+  ASSERT_EQ(back.parameters.size(), 1u);
+  EXPECT_EQ(back.parameters[0].unit, "DEGC");
+  EXPECT_EQ(back.parameters[0].value, "35.5");
+  EXPECT_TRUE(std::isnan(back.nullValue));
 }
 
 class LasRoundTripTest : public ProjectTest {};

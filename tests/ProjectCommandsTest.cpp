@@ -1,9 +1,14 @@
 // The petrodb host's project commands, run as a user runs them.
+#include <sqlite3.h>
+
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 
 #include "TestSupport.h"
 #include "dbaccess/Pool.h"
+
 
 namespace petrodb::test {
 namespace {
@@ -52,6 +57,81 @@ TEST_F(ProjectCommandsTest, BadInputGivesUsageOrFailureCodes) {
   EXPECT_NE(info.output.find("no project file at"), std::string::npos);
   EXPECT_EQ(Petrodb("--help").code, 0);
   EXPECT_EQ(Petrodb("new --help").code, 0);
+}
+
+// Every byte of a file, or "(none)" when there is no file.
+std::string Bytes(const fs::path& path) {
+  if (fs::is_directory(path)) return "(a directory)";
+  std::ifstream in(path, std::ios::binary);
+  if (!in) return "(none)";
+  return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+}
+
+TEST_F(ProjectCommandsTest, FilesThatAreNoProjectAreNamedAndLeftAlone) {
+  const fs::path text = dir_ / "notes.mdb", empty = dir_ / "empty.mdb", other = dir_ / "other.mdb",
+                 cut = dir_ / "cut.mdb", folder = dir_ / "folder.mdb";
+  std::ofstream(text, std::ios::binary) << "just some notes\n";
+  std::ofstream(empty, std::ios::binary).flush();
+  fs::create_directory(folder);
+  // An SQLite database of someone else's, and a project cut short after its header.
+  {
+    const std::string templ = Bytes(TemplateFile());
+    ASSERT_GT(templ.size(), 4096u);
+    std::ofstream(cut, std::ios::binary) << templ.substr(0, 100);
+  }
+  {
+    sqlite3* db = nullptr;
+    ASSERT_EQ(sqlite3_open(other.c_str(), &db), SQLITE_OK);
+    EXPECT_EQ(sqlite3_exec(db, "create table w_well_data(WellID text)", nullptr, nullptr, nullptr), SQLITE_OK);
+    sqlite3_close(db);
+  }
+  const struct {
+    fs::path path;
+    const char* error;
+  } cases[] = {
+      {text, "is not a petrodb project file (not an SQLite database)"},
+      {empty, "is empty (0 bytes), not a petrodb project file"},
+      {folder, "is a directory, not a project file"},
+      {dir_ / "missing.mdb", "no project file at"},
+      {other, "is not a petrodb project file: an SQLite database, but not a petrodb project"},
+      {cut, "is not a petrodb project file: damaged or not a database"},
+  };
+  for (const auto& c : cases) {
+    const std::string before = Bytes(c.path);
+    for (const std::string command : {"info " + c.path.string(), "wells list " + c.path.string() + " P",
+                                      "wells import " + c.path.string() + " P " + text.string(),
+                                      "las export " + c.path.string() + " W"}) {
+      const CliRun run = Petrodb(command);
+      EXPECT_EQ(run.code, 1) << command << "\n" << run.output;
+      EXPECT_NE(run.output.find("petrodb: "), std::string::npos) << run.output;
+      EXPECT_NE(run.output.find(c.path.string()), std::string::npos) << run.output;
+      EXPECT_NE(run.output.find(c.error), std::string::npos) << command << "\n" << run.output;
+    }
+    EXPECT_EQ(Bytes(c.path), before) << c.path;
+    EXPECT_FALSE(fs::exists(c.path.string() + "-wal")) << c.path;
+    EXPECT_FALSE(fs::exists(c.path.string() + "-journal")) << c.path;
+  }
+}
+
+TEST_F(ProjectCommandsTest, ReadOnlyFilesAreReadButNeverWritten) {
+  ASSERT_EQ(Petrodb("new " + dir_.string() + " North").code, 0);
+  const fs::path file = dir_ / "North" / "North.mdb", text = dir_ / "notes.txt";
+  std::ofstream(text, std::ios::binary) << "WellID\nA-1\n";
+  fs::permissions(file, fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
+  fs::permissions(text, fs::perms::owner_read);
+  if (std::ofstream(file, std::ios::app))
+    GTEST_SKIP() << "this user writes to read-only files (root): a read-only file cannot be made";
+  const std::string before = Bytes(file);
+  const CliRun info = Petrodb("info " + file.string());
+  EXPECT_EQ(info.code, 0) << info.output;
+  EXPECT_NE(info.output.find("project North"), std::string::npos) << info.output;
+  const CliRun import = Petrodb("wells import " + file.string() + " North " + text.string());
+  EXPECT_EQ(import.code, 1);
+  EXPECT_NE(import.output.find(file.string() + " is read-only"), std::string::npos) << import.output;
+  const CliRun notes = Petrodb("info " + text.string());
+  EXPECT_EQ(notes.code, 1);
+  EXPECT_NE(notes.output.find(text.string() + " is not a petrodb project file"), std::string::npos) << notes.output;
+  EXPECT_EQ(Bytes(file), before);
 }
 
 TEST_F(ProjectCommandsTest, ServerCreateMakesADatabaseOnce) {

@@ -1,8 +1,10 @@
 // The petrodb host's well and table import commands, run as a user runs them.
 #include <cstdio>
 #include <fstream>
+#include <iterator>
 
 #include "TestSupport.h"
+#include "dbaccess/Pool.h"
 #include "petrodb/project/IBasicWellData.h"
 #include "petrodb/project/IWellGroupData.h"
 
@@ -74,8 +76,99 @@ TEST_F(WellCommandsTest, BadCellsNameTheirLineAndColumnAndImportNothing) {
     EXPECT_EQ(run.code, 1) << c.text;
     EXPECT_NE(run.output.find(c.error), std::string::npos) << run.output;
   }
+  const CliRun folder = Petrodb("wells import " + file_ + " P1 " + dir_.string());
+  EXPECT_EQ(folder.code, 1);
+  EXPECT_NE(folder.output.find(dir_.string() + ": a directory, not a CSV file"), std::string::npos) << folder.output;
   EXPECT_TRUE(Query("select WellID from w_well_data").empty());
   EXPECT_EQ(Petrodb("wells import " + file_ + " P1").code, 2);  // usage
+}
+
+TEST_F(WellCommandsTest, NulBytesRefuseTheFileWithTheirPlace) {
+  if (NoProjectFile()) GTEST_SKIP() << "the host commands open project files";
+  using namespace std::string_literals;
+  const struct {
+    std::string text;
+    std::string error;
+  } cases[] = {
+      // A NUL would cut the key short in one statement and not in another.
+      {"WellID,Kb\nA-1,1\n\nA-1\0x,2\n"s, "w.csv: line 4, column WellID: a NUL byte"},
+      {"WellID,Kb\nA-1,1\n\nA-2,1\0\n"s, "w.csv: line 4, column Kb: a NUL byte"},
+      {"WellID,WellName\nA-1,\"two\nlines\0\"\n"s, "w.csv: line 3, column WellName: a NUL byte"},
+      {"WellID,K\0b\nA-1,1\n"s, "w.csv: line 1, column 2: a NUL byte"},
+      {"WellID,Kb\nA-1,1,\0\n"s, "w.csv: line 2, column 3: a NUL byte"},
+  };
+  for (const auto& c : cases) {
+    const std::string csv = Csv("w.csv", c.text);
+    const CliRun run = Petrodb("wells import " + file_ + " P1 " + csv);
+    EXPECT_EQ(run.code, 1) << c.error;
+    EXPECT_NE(run.output.find(c.error), std::string::npos) << run.output;
+    const CliRun rows = Petrodb("import " + file_ + " w_well_data " + csv);
+    EXPECT_EQ(rows.code, 1) << c.error;
+    EXPECT_NE(rows.output.find(c.error), std::string::npos) << rows.output;
+  }
+  EXPECT_TRUE(Query("select WellID from w_well_data").empty());
+}
+
+TEST_F(WellCommandsTest, WellsListShowsGroupsReadOncePerGroup) {
+  if (NoProjectFile()) GTEST_SKIP() << "the host commands open project files";
+  auto groups = Make<IWellGroupData>("IWellGroupData");
+  auto wells = Make<IBasicWellData>("IBasicWellData");
+  ASSERT_TRUE(groups->SaveGroups("P1", {{"G1", "", -1, "", ""}, {"G2", "second", -1, "", ""}}, {}));
+  for (const char* id : {"W-1", "W-2", "W-3"}) {
+    WellRecord w;
+    w.WellID = id;
+    ASSERT_TRUE(wells->SaveWell("P1", w));
+  }
+  ASSERT_TRUE(wells->AddWellsToGroup("G1", {"W-1", "W-3"}));
+  ASSERT_TRUE(wells->AddWellsToGroup("G2", {"W-3"}));
+  const CliRun run = Petrodb("wells list " + file_ + " P1");
+  ASSERT_EQ(run.code, 0) << run.output;
+  auto line = [&](const std::string& id) {
+    const auto at = run.output.find("\n" + id + " ");
+    return at == std::string::npos ? std::string() : run.output.substr(at + 1, run.output.find('\n', at + 1) - at - 1);
+  };
+  EXPECT_TRUE(line("W-1").ends_with("  G1")) << run.output;
+  EXPECT_TRUE(line("W-2").ends_with("  ")) << run.output;
+  EXPECT_TRUE(line("W-3").ends_with("  G1, second")) << run.output;
+  EXPECT_NE(run.output.find("3 well(s)\n"), std::string::npos);
+}
+
+TEST_F(WellCommandsTest, ADamagedFileNeverListsPartOfTheWells) {
+  if (NoProjectFile()) GTEST_SKIP() << "the host commands open project files";
+  auto wells = Make<IBasicWellData>("IBasicWellData");
+  std::vector<WellRecord> many(999);
+  for (std::size_t i = 0; i < many.size(); ++i) {
+    const std::string number = std::to_string(i);
+    many[i].WellID = "W-" + std::string(4 - number.size(), '0') + number;
+    many[i].WellName = std::string(60, 'n');
+  }
+  ASSERT_TRUE(wells->SaveWells("P1", many));
+  ASSERT_EQ(Petrodb("wells list " + file_ + " P1").code, 0);
+  db::ClearConnectionPool();  // the log folded back into the file
+  ASSERT_FALSE(fs::exists(file_ + "-wal"));
+
+  // The page holding a well in the middle of the list gets a page type that
+  // does not exist; the file's header and schema stay intact.
+  std::fstream io(file_, std::ios::binary | std::ios::in | std::ios::out);
+  std::string bytes((std::istreambuf_iterator<char>(io)), std::istreambuf_iterator<char>());
+  const std::size_t pageSize = (static_cast<unsigned char>(bytes[16]) << 8 | static_cast<unsigned char>(bytes[17])) == 1
+                                   ? 65536
+                                   : static_cast<unsigned char>(bytes[16]) << 8 | static_cast<unsigned char>(bytes[17]);
+  const std::size_t at = bytes.find("W-0500");
+  ASSERT_NE(at, std::string::npos);
+  ASSERT_GT(at / pageSize, 0u);
+  io.clear();
+  io.seekp(static_cast<std::streamoff>(at / pageSize * pageSize));
+  io.put('\x7f');
+  io.close();
+
+  const CliRun run = Petrodb("wells list " + file_ + " P1");
+  EXPECT_EQ(run.code, 1) << run.output;
+  EXPECT_EQ(run.output.find("well(s)"), std::string::npos) << run.output;
+  const std::string said = "petrodb: cannot read the wells of project P1: ";
+  const auto where = run.output.find(said);
+  ASSERT_NE(where, std::string::npos) << run.output;
+  EXPECT_GT(run.output.size(), where + said.size() + 1) << "no reason from the engine: " << run.output;
 }
 
 TEST_F(WellCommandsTest, ImportTakesColumnTypesFromTheSchema) {

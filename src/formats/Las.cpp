@@ -1,14 +1,18 @@
 #include "formats/Las.h"
 
+#include <cerrno>
 #include <charconv>
+#include <cstring>
+#include <filesystem>
 #include <cmath>
 #include <fstream>
 #include <istream>
+#include <iterator>
+#include <map>
 #include <ostream>
 #include <set>
 #include <sstream>
-
-#include "petrodb/welllog/ILogData.h"
+#include <string_view>
 
 namespace petrodb::las {
 namespace {
@@ -58,7 +62,63 @@ Item ParseItem(const std::string& line) {
   return item;
 }
 
-bool ValidMnemonic(const std::string& m) { return !m.empty() && m.find_first_of(" \t.:~") == std::string::npos; }
+// Line breaks (LF, CR) and the end-of-file byte end or cut a line wherever
+// they stand.
+constexpr const char* kLineBreaks = "\n\r\x1a";
+
+bool Blank(char c) { return c == ' ' || c == '\t'; }
+
+// Why a header text cannot be written so that it reads back the same, or "".
+std::string TextProblem(const std::string& text, bool mnemonic, bool unit, bool description) {
+  if (text.find_first_of(kLineBreaks) != std::string::npos) return "holds a line break or an end-of-file byte";
+  if (mnemonic) {
+    if (text.find_first_of(" \t") != std::string::npos) return "holds a blank";
+    if (text.find('.') != std::string::npos) return "holds a '.' (it ends the mnemonic)";
+    if (text.find(':') != std::string::npos) return "holds a ':' (it starts the description)";
+    if (!text.empty() && text[0] == '#') return "begins with '#' (a comment line)";
+    if (!text.empty() && text[0] == '~') return "begins with '~' (a section line)";
+    return {};
+  }
+  if (unit) return text.find_first_of(" \t") != std::string::npos ? "holds a blank (it ends the unit)" : "";
+  if (description && text.find(':') != std::string::npos) return "holds a ':' (the last one starts the description)";
+  if (!text.empty() && (Blank(text.front()) || Blank(text.back()))) return "begins or ends with a blank";
+  return {};
+}
+
+// A text for an error message: control characters shown as \n, \r, \xNN.
+std::string Shown(const std::string& text) {
+  static const char digits[] = "0123456789ABCDEF";
+  std::string out;
+  for (const char c : text) {
+    const auto u = static_cast<unsigned char>(c);
+    if (c == '\n') out += "\\n";
+    else if (c == '\r') out += "\\r";
+    else if (u < 0x20 || u == 0x7f) out += std::string("\\x") + digits[u >> 4] + digits[u & 15];
+    else out += c;
+  }
+  return out;
+}
+
+// The first text of an item or curve that cannot be written, as an error.
+bool CheckItem(const char* what, const std::string& mnemonic, const std::string& unit, const std::string& value,
+               const std::string& description, std::string& error) {
+  const struct {
+    const char* field;
+    const std::string& text;
+    bool mnemonic, unit, description;
+  } fields[] = {{"mnemonic", mnemonic, true, false, false},
+                {"unit", unit, false, true, false},
+                {"value", value, false, false, false},
+                {"description", description, false, false, true}};
+  for (const auto& f : fields) {
+    const std::string problem = TextProblem(f.text, f.mnemonic, f.unit, f.description);
+    if (problem.empty()) continue;
+    error = std::string(what) + " \"" + Shown(mnemonic) + "\": the " + f.field + " \"" + Shown(f.text) + "\" " + problem +
+            "; a LAS file cannot carry it";
+    return false;
+  }
+  return true;
+}
 
 }  // namespace
 
@@ -74,19 +134,39 @@ std::string FormatNumber(double value) {
   return ec == std::errc() ? std::string(buffer, end) : std::string("nan");
 }
 
-bool Read(std::istream& in, File& file, std::string& error) {
+namespace {
+
+// The next line of `text` from `pos`, without its end (LF, CR-LF or CR alone).
+bool NextLine(std::string_view text, std::size_t& pos, std::string_view& line) {
+  if (pos >= text.size()) return false;
+  const std::size_t end = text.find_first_of("\r\n", pos);
+  if (end == std::string_view::npos) {
+    line = text.substr(pos);
+    pos = text.size();
+    return true;
+  }
+  line = text.substr(pos, end - pos);
+  pos = end + (text[end] == '\r' && end + 1 < text.size() && text[end + 1] == '\n' ? 2 : 1);
+  return true;
+}
+
+bool ReadText(std::string_view content, File& file, std::string& error) {
   file = File();
+  if (content.substr(0, 3) == "\xEF\xBB\xBF") content.remove_prefix(3);
   char section = 0;
   bool sawVersion = false, sawData = false;
   std::vector<double> data;
-  std::set<std::string> names;
-  std::string line;
+  std::set<std::string> names;              // curve mnemonics so far, upper case
+  std::map<std::string, int> nextSuffix;    // per duplicated mnemonic, the next "_n" to try
+  std::string_view view;
+  std::size_t pos = 0;
   int number = 0;
-  while (std::getline(in, line)) {
+  while (NextLine(content, pos, view)) {
     ++number;
-    while (!line.empty() && (line.back() == '\r' || line.back() == '\x1a')) line.pop_back();
+    std::string line(view);
+    while (!line.empty() && line.back() == '\x1a') line.pop_back();
     const std::string text = Trim(line);
-    if (text.empty() || text[0] == '#' || text == "\x1a") continue;
+    if (text.empty() || text[0] == '#') continue;
     if (text[0] == '~') {
       section = text.size() > 1 ? static_cast<char>(std::toupper(static_cast<unsigned char>(text[1]))) : '?';
       sawVersion = sawVersion || section == 'V';
@@ -121,10 +201,13 @@ bool Read(std::istream& in, File& file, std::string& error) {
         const Item item = ParseItem(text);
         Curve curve{item.mnemonic, item.unit, item.description, {}};
         if (curve.mnemonic.empty()) curve.mnemonic = "CURVE" + std::to_string(file.curves.size() + 1);
-        for (int n = 2; !names.insert(Upper(curve.mnemonic)).second; ++n) {
-          const std::string renamed = item.mnemonic + "_" + std::to_string(n);
-          if (names.count(Upper(renamed))) continue;
-          file.warnings.push_back("duplicate curve " + item.mnemonic + " renamed " + renamed);
+        if (!names.insert(Upper(curve.mnemonic)).second) {
+          const std::string base = curve.mnemonic;
+          int& n = nextSuffix[Upper(base)];
+          if (n < 2) n = 2;
+          std::string renamed = base + "_" + std::to_string(n++);
+          while (!names.insert(Upper(renamed)).second) renamed = base + "_" + std::to_string(n++);
+          file.warnings.push_back("duplicate curve " + base + " renamed " + renamed);
           curve.mnemonic = renamed;
         }
         file.curves.push_back(std::move(curve));
@@ -163,20 +246,47 @@ bool Read(std::istream& in, File& file, std::string& error) {
   for (std::size_t c = 0; c < width; ++c) {
     auto& values = file.curves[c].values;
     values.reserve(rows);
-    for (std::size_t r = 0; r < rows; ++r) {
-      values.push_back(data[r * width + c]);
-    }
+    for (std::size_t r = 0; r < rows; ++r) values.push_back(data[r * width + c]);
   }
   return true;
 }
 
+}  // namespace
+
+bool Read(std::istream& in, File& file, std::string& error) {
+  std::string content;
+  try {
+    content.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+  } catch (const std::exception& e) {  // a read error of the stream (an I/O error, a directory)
+    file = File();
+    error = std::string("cannot read: ") + e.what();
+    return false;
+  }
+  if (in.bad()) {
+    file = File();
+    error = "cannot read the file";
+    return false;
+  }
+  return ReadText(content, file, error);
+}
+
 bool ReadFile(const std::string& path, File& file, std::string& error) {
+  std::error_code ec;
+  if (std::filesystem::is_directory(path, ec)) {
+    error = path + " is a directory, not a LAS file";
+    return false;
+  }
   std::ifstream in(path, std::ios::binary);
   if (!in) {
-    error = "cannot open " + path;
+    error = "cannot open " + path + ": " + std::strerror(errno);
     return false;
   }
   return Read(in, file, error);
+}
+
+std::string MnemonicProblem(const std::string& mnemonic) {
+  if (mnemonic.empty()) return "is empty";
+  return TextProblem(mnemonic, true, false, false);
 }
 
 bool Write(std::ostream& out, const File& file, std::string& error) {
@@ -187,10 +297,11 @@ bool Write(std::ostream& out, const File& file, std::string& error) {
   const auto& index = file.curves.front().values;
   std::set<std::string> names;
   for (const auto& curve : file.curves) {
-    if (!ValidMnemonic(curve.mnemonic)) {
-      error = "curve mnemonic cannot be written: \"" + curve.mnemonic + "\"";
+    if (curve.mnemonic.empty()) {
+      error = "a curve has no mnemonic";
       return false;
     }
+    if (!CheckItem("curve", curve.mnemonic, curve.unit, "", curve.description, error)) return false;
     if (!names.insert(Upper(curve.mnemonic)).second) {
       error = "duplicate curve mnemonic " + curve.mnemonic;
       return false;
@@ -201,6 +312,10 @@ bool Write(std::ostream& out, const File& file, std::string& error) {
       return false;
     }
   }
+  for (const auto& item : file.well)
+    if (!CheckItem("well item", item.mnemonic, item.unit, item.value, item.description, error)) return false;
+  for (const auto& item : file.parameters)
+    if (!CheckItem("parameter", item.mnemonic, item.unit, item.value, item.description, error)) return false;
   const std::string& unit = file.curves.front().unit;
   double step = 0.0;
   if (index.size() > 1) {
@@ -244,16 +359,6 @@ bool Write(std::ostream& out, const File& file, std::string& error) {
     return false;
   }
   return true;
-}
-
-void ToWellLog(const File& file, const std::string& wellID, WellLog& log) {
-  log.WellID = wellID;
-  log.NullValue = file.nullValue;
-  log.Curves.clear();
-  for (const auto& curve : file.curves)
-    log.Curves.push_back(LogCurve{curve.mnemonic, curve.unit, nullptr, curve.values});
-  std::vector<std::string> depthNames(log.Curves.size(), file.curves.front().mnemonic);
-  log.Link(depthNames);
 }
 
 }  // namespace petrodb::las

@@ -4,11 +4,20 @@
 // The reader is lenient: wrapped and unwrapped data, '#' comment lines, a
 // section named by the first letter after '~' alone, blank lines, CR-LF line
 // ends, a trailing end-of-file byte (0x1A), and duplicate curve mnemonics
-// (the second "GR" becomes "GR_2"). NULL is compared numerically and never
-// applies to the index (first) curve. The writer is strict: it refuses files
-// it could not read back unchanged, and writes every number with the fewest
-// digits that read back as the same double, so a write followed by a read
-// gives the same arrays bit for bit (NaN payloads aside).
+// (the second "GR" becomes "GR_2"), and lines ended by CR-LF, LF or CR alone
+// (old Mac files), mixed. NULL is compared numerically and never applies to
+// the index (first) curve.
+//
+// The writer is strict: it refuses (with an error naming the curve or item and
+// the field) any text its reader would read back differently, since LAS has no
+// way to escape it: a line break, CR or end-of-file byte anywhere; a blank, '.'
+// or ':' in a mnemonic, or a mnemonic beginning with '#' (a comment) or '~' (a
+// section); a blank in a unit; a ':' in a description; blanks around a value
+// or a description. It writes every number with the fewest digits that read
+// back as the same double, so a write followed by a read gives the same
+// mnemonics, units, descriptions, items and arrays bit for bit (NaN payloads
+// aside). What the writer decides itself: STRT, STOP, STEP and NULL (computed;
+// items of those names are not copied), WRAP NO, and a NULL always written.
 #include <iosfwd>
 #include <string>
 #include <vector>
@@ -54,8 +63,12 @@ bool ReadFile(const std::string& path, File& file, std::string& error);
 // Writes LAS 2.0, unwrapped. STRT, STOP, STEP and NULL are computed from the
 // index and nullValue; the file's other ~W items follow them. False (nothing
 // written) when there is no curve, a curve's length differs from the index's,
-// or a mnemonic is empty or holds a blank, '.', ':' or '~'.
+// two curves share a mnemonic (case ignored), a curve's mnemonic is empty, or
+// a text could not be read back as it is (see above).
 bool Write(std::ostream& out, const File& file, std::string& error);
+
+// Why `mnemonic` cannot name a curve in a written file, or "" when it can.
+std::string MnemonicProblem(const std::string& mnemonic);
 
 // The fewest digits that read back as the same double.
 std::string FormatNumber(double value);

@@ -1,12 +1,20 @@
 #include "Command.h"
+#include "petrodb/Host.h"
+
+#include <sqlite3.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <cctype>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 
 namespace petrodb::cli {
 namespace {
+
 std::vector<Command>& CommandList() {
   static std::vector<Command> list;
   return list;
@@ -40,18 +48,96 @@ FactoryPtr MakeFactory(const std::string& connection, const std::string& project
   return factory;
 }
 
-bool CheckProjectFile(const std::string& file) {
+namespace {
+
+// "file:<path>?immutable=1": the file read as it is, without locks and
+// without creating the engine's companion files beside it.
+std::string ImmutableUri(const std::string& path) {
+  static const char digits[] = "0123456789ABCDEF";
+  std::string uri = "file:";
+  for (const char c : std::filesystem::absolute(path).string()) {
+    const auto u = static_cast<unsigned char>(c);
+    if (std::isalnum(u) || c == '/' || c == '.' || c == '_' || c == '-' || c == '~') {
+      uri += c;
+    } else {
+      uri += '%';
+      uri += digits[u >> 4];
+      uri += digits[u & 15];
+    }
+  }
+  return uri + "?immutable=1";
+}
+
+// Whether the SQLite file holds the project table; false with `why` when it
+// cannot be read as a database or is not a project.
+bool HoldsProjectTables(const std::string& file, std::string& why) {
+  sqlite3* db = nullptr;
+  const int opened = sqlite3_open_v2(ImmutableUri(file).c_str(), &db, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, nullptr);
+  bool found = false;
+  if (opened == SQLITE_OK) {
+    sqlite3_stmt* statement = nullptr;
+    if (sqlite3_prepare_v2(db,
+                           "select count(*) from sqlite_master where type = 'table' and lower(name) = 'b_project_data'",
+                           -1, &statement, nullptr) == SQLITE_OK &&
+        sqlite3_step(statement) == SQLITE_ROW) {
+      found = sqlite3_column_int(statement, 0) > 0;
+      if (!found) why = "an SQLite database, but not a petrodb project (it has no project table)";
+    } else {
+      why = std::string("damaged or not a database (") + sqlite3_errmsg(db) + ")";
+    }
+    sqlite3_finalize(statement);
+  } else {
+    why = std::string("cannot be opened (") + (db ? sqlite3_errmsg(db) : sqlite3_errstr(opened)) + ")";
+  }
+  sqlite3_close(db);
+  return found;
+}
+
+}  // namespace
+
+bool CheckProjectFile(const std::string& file, Access access) {
+  namespace fs = std::filesystem;
   std::error_code ec;
-  if (!std::filesystem::is_regular_file(file, ec)) {
+  const fs::file_status status = fs::status(file, ec);
+  if (!fs::exists(status)) {
     PrintError("no project file at " + file);
     return false;
   }
+  if (fs::is_directory(status)) {
+    PrintError(file + " is a directory, not a project file");
+    return false;
+  }
+  if (!fs::is_regular_file(status)) {
+    PrintError(file + " is not a regular file, not a project file");
+    return false;
+  }
   std::ifstream in(file, std::ios::binary);
+  if (!in) {
+    PrintError("cannot read " + file + ": " + std::strerror(errno));
+    return false;
+  }
   char header[16] = {};
   in.read(header, sizeof header);
-  if (!in || std::string(header, 15) != "SQLite format 3") {
-    PrintError(file + " is not a petrodb project file");
+  const auto got = in.gcount();
+  if (got == 0) {
+    PrintError(file + " is empty (0 bytes), not a petrodb project file");
     return false;
+  }
+  if (got < static_cast<std::streamsize>(sizeof header) || std::memcmp(header, "SQLite format 3", 16) != 0) {
+    PrintError(file + " is not a petrodb project file (not an SQLite database)");
+    return false;
+  }
+  std::string why;
+  if (!HoldsProjectTables(file, why)) {
+    PrintError(file + " is not a petrodb project file: " + why);
+    return false;
+  }
+  if (access == Access::Write) {
+    const fs::path directory = fs::absolute(file).parent_path();
+    if (::access(file.c_str(), W_OK) != 0 || ::access(directory.c_str(), W_OK) != 0) {
+      PrintError(file + " is read-only (" + std::strerror(errno) + "); nothing was written");
+      return false;
+    }
   }
   return true;
 }
@@ -90,5 +176,12 @@ bool ParseOptions(const std::vector<std::string>& args, const std::vector<std::s
 }
 
 void PrintError(const std::string& text) { std::fprintf(stderr, "petrodb: %s\n", text.c_str()); }
+
+std::string EngineError() { return LastError(); }
+
+void PrintFailure(const std::string& text) {
+  const std::string reason = EngineError();
+  PrintError(reason.empty() ? text : text + ": " + reason);
+}
 
 }  // namespace petrodb::cli

@@ -62,8 +62,13 @@ std::unique_ptr<Interface> Create(IDataFactory& factory, const char* interfaceNa
   return std::unique_ptr<Interface>(static_cast<Interface*>(object));
 }
 
-// Checks that a project file exists and is readable; prints why not.
-bool CheckProjectFile(const std::string& file);
+// Checks, before the library opens it, that `file` is a project file: it
+// exists, is a regular file that can be read, is an SQLite database that is not
+// damaged at its start, and holds the project tables; for a command that
+// writes, also that the file and its directory (where the engine keeps its
+// log) can be written. Prints why not, naming the path. Never writes anything.
+enum class Access { Read, Write };
+bool CheckProjectFile(const std::string& file, Access access = Access::Read);
 
 // Option parsing: "--name value" pairs after the positional arguments.
 struct Options {
@@ -75,5 +80,11 @@ struct Options {
 bool ParseOptions(const std::vector<std::string>& args, const std::vector<std::string>& known, Options& out);
 
 void PrintError(const std::string& text);
+// The engine's reason for the last failed operation of this thread ("disk
+// full", "database is locked by another process", ...), or "" when it gave none.
+std::string EngineError();
+// PrintError for an operation of the library that failed: the text, then the
+// engine's reason when it gave one.
+void PrintFailure(const std::string& text);
 
 }  // namespace petrodb::cli

@@ -1,9 +1,12 @@
 // petrodb las import / las export, and the demo's logs, survey and markers.
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <sstream>
+#include <cstring>
 
 #include "Command.h"
 #include "formats/Las.h"
@@ -32,7 +35,7 @@ bool Import(IDataFactory& factory, const std::string& wellID, const std::string&
   las::ToWellLog(file, wellID, log);
   auto logs = Create<ILogData>(factory, "ILogData");
   if (!logs || !logs->SaveWellLog(log)) {
-    PrintError("cannot save the curves of well " + wellID);
+    PrintFailure("cannot save the curves of well " + wellID);
     return false;
   }
   return true;
@@ -40,7 +43,7 @@ bool Import(IDataFactory& factory, const std::string& wellID, const std::string&
 
 int LasImport(const std::vector<std::string>& args) {
   const std::string& file = args.at(0);
-  if (!CheckProjectFile(file)) return kFailed;
+  if (!CheckProjectFile(file, Access::Write)) return kFailed;
   auto factory = MakeFactory(ProjectConnection(file));
   WellLog log;
   if (!Import(*factory, args.at(1), args.at(2), log)) return kFailed;
@@ -50,16 +53,31 @@ int LasImport(const std::vector<std::string>& args) {
   return kOk;
 }
 
+// A dictionary text as a LAS header can carry it: line breaks and other
+// control characters become blanks, and in a description ':' (which would end
+// the value) becomes ';'; outer blanks are dropped.
+std::string HeaderText(std::string text, bool description) {
+  for (char& c : text) {
+    if (static_cast<unsigned char>(c) < 0x20 || c == 0x7f) c = ' ';
+    if (description && c == ':') c = ';';
+  }
+  const auto first = text.find_first_not_of(' ');
+  if (first == std::string::npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
 // Unit and description of a curve: the dictionary's where it knows the curve
-// (by name or alias), else the stored measure.
+// (by name or alias), else the stored measure. A unit a LAS header cannot
+// carry (one with a blank) is left out.
 void Describe(ICurveDictionary* dictionary, const LogCurve& curve, las::Curve& out) {
   out.unit = curve.Measure;
   CurveTemplate entry;
   if (dictionary && dictionary->LoadTemplateByAlias(curve.CurveName.c_str(), entry)) {
     if (!entry.CurveUnit.empty()) out.unit = entry.CurveUnit;
-    out.description = entry.DisplayName;
+    out.description = HeaderText(entry.DisplayName, true);
   }
-  if (out.unit.find_first_of(" \t:") != std::string::npos) out.unit.clear();
+  out.unit = HeaderText(out.unit, false);
+  if (out.unit.find(' ') != std::string::npos) out.unit.clear();
 }
 
 int LasExport(const std::vector<std::string>& args) {
@@ -74,7 +92,10 @@ int LasExport(const std::vector<std::string>& args) {
   auto logs = Create<ILogData>(*factory, "ILogData");
   WellLog log;
   if (!(names.empty() ? logs->LoadWellLog(wellID.c_str(), log) : logs->LoadCurves(wellID.c_str(), names, log))) {
-    PrintError("no curves of well " + wellID + (names.empty() ? "" : " with those names"));
+    if (!EngineError().empty())
+      PrintFailure("cannot read the curves of well " + wellID);
+    else
+      PrintError("no curves of well " + wellID + (names.empty() ? "" : " with those names"));
     return kFailed;
   }
   // One index per file: the depth curve of the first curve asked for (or of
@@ -94,11 +115,16 @@ int LasExport(const std::vector<std::string>& args) {
     PrintError("the curves of well " + wellID + " have no depth curve");
     return kFailed;
   }
+  if (const std::string problem = las::MnemonicProblem(index->CurveName); !problem.empty()) {
+    PrintError("the depth curve \"" + index->CurveName + "\" of well " + wellID +
+               " cannot be exported: the name " + problem + ", which a LAS mnemonic cannot");
+    return kFailed;
+  }
   auto dictionary = Create<ICurveDictionary>(*factory, "ICurveDictionary");
   las::File out;
   out.nullValue = log.NullValue;
   out.hasNull = true;
-  out.well.push_back({"WELL", "", wellID, "WELL"});
+  out.well.push_back({"WELL", "", HeaderText(wellID, false), "WELL"});
   auto add = [&](const LogCurve& curve) {
     las::Curve c{curve.CurveName, "", "", curve.Values};
     Describe(dictionary.get(), curve, c);
@@ -112,19 +138,28 @@ int LasExport(const std::vector<std::string>& args) {
                    curve.DepthCurve ? curve.DepthCurve->CurveName.c_str() : "nothing", index->CurveName.c_str());
       continue;
     }
+    if (const std::string problem = las::MnemonicProblem(curve.CurveName); !problem.empty()) {
+      std::fprintf(stderr, "skipped \"%s\": the name %s, which a LAS mnemonic cannot\n", curve.CurveName.c_str(),
+                   problem.c_str());
+      continue;
+    }
     add(curve);
   }
+  // The whole text first: a refused file leaves no file behind.
   std::string error;
-  bool written;
+  std::ostringstream text;
+  if (!las::Write(text, out, error)) {
+    PrintError("cannot write the LAS file: " + error);
+    return kFailed;
+  }
   if (const auto* path = options.Get("out")) {
     std::ofstream stream(*path, std::ios::binary);
-    written = stream && las::Write(stream, out, error);
+    if (!(stream << text.str()) || !stream.flush()) {
+      PrintError("cannot write " + *path + ": " + std::strerror(errno));
+      return kFailed;
+    }
   } else {
-    written = las::Write(std::cout, out, error);
-  }
-  if (!written) {
-    PrintError(error.empty() ? "cannot write the LAS file" : error);
-    return kFailed;
+    std::cout << text.str() << std::flush;
   }
   return kOk;
 }

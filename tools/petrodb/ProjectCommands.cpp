@@ -63,8 +63,14 @@ int New(const std::vector<std::string>& args) {
   const std::string file = (fs::path(parent) / name / (name + ".mdb")).string();
   auto factory = MakeFactory(ProjectConnection(file), name);
   auto projects = Create<IBasicProjectData>(*factory, "IBasicProjectData");
-  if (!projects->CreateProject(name.c_str(), parent.c_str(), ProgramDirectory().c_str())) return kFailed;
-  if (!projects->SaveProject(record)) return kFailed;
+  if (!projects->CreateProject(name.c_str(), parent.c_str(), ProgramDirectory().c_str())) {
+    if (!EngineError().empty()) PrintFailure("cannot create " + file);
+    return kFailed;
+  }
+  if (!projects->SaveProject(record)) {
+    PrintFailure("cannot record project " + name + " in " + file);
+    return kFailed;
+  }
   projects->TouchRecentProject(name.c_str(), 0);
   std::printf("created %s\n", file.c_str());
   return kOk;
@@ -89,7 +95,7 @@ int ServerCreate(const std::vector<std::string>& args) {
   auto factory = MakeFactory(server);
   auto projects = Create<IBasicProjectData>(*factory, "IBasicProjectData");
   if (!projects->CreateProjectDatabase(name.c_str(), server.c_str())) {
-    PrintError("database " + name + " exists on the server already or could not be created");
+    PrintFailure("database " + name + " exists on the server already or could not be created");
     return kFailed;
   }
   std::printf("created database %s\n", name.c_str());
@@ -101,23 +107,33 @@ int Info(const std::vector<std::string>& args) {
   if (!CheckProjectFile(file)) return kFailed;
   auto factory = MakeFactory(ProjectConnection(file));
   auto projects = Create<IBasicProjectData>(*factory, "IBasicProjectData");
+  // An empty list answers false too; only an engine error makes it a failure.
   std::vector<std::string> names;
-  projects->GetProjectNames(names);
+  if (!projects->GetProjectNames(names) && !EngineError().empty()) {
+    PrintFailure("cannot read the projects of " + file);
+    return kFailed;
+  }
   if (names.empty()) std::printf("no projects in %s\n", file.c_str());
+  int result = kOk;
   for (const auto& name : names) {
     ProjectRecord record;
-    if (projects->LoadProject(name.c_str(), record))
+    if (projects->LoadProject(name.c_str(), record)) {
       PrintProject(record);
-    else
-      std::printf("project %s (its row cannot be read)\n", name.c_str());
+    } else {
+      PrintFailure("cannot read project " + name + " of " + file);
+      result = kFailed;
+    }
   }
   std::vector<std::string> recent;
   if (projects->GetRecentProjects(recent)) {
     std::printf("recent projects:");
     for (const auto& name : recent) std::printf(" %s", name.c_str());
     std::printf("\n");
+  } else if (!EngineError().empty()) {
+    PrintFailure("cannot read the recent projects of " + file);
+    result = kFailed;
   }
-  return kOk;
+  return result;
 }
 
 int Demo(const std::vector<std::string>& args) {
@@ -146,7 +162,7 @@ int Demo(const std::vector<std::string>& args) {
   for (const auto& step : DemoSteps()) {
     std::printf("\n== %s ==\n", step.title);
     if (!step.run(context)) {
-      PrintError(std::string("demo step failed: ") + step.title);
+      PrintFailure(std::string("demo step failed: ") + step.title);
       return kFailed;
     }
   }

@@ -1,12 +1,13 @@
 // petrodb wells import / wells list / import, and the demo's wells and groups.
+#include <algorithm>
 #include <cstdio>
-#include <fstream>
 #include <map>
 #include <optional>
 
 #include "Command.h"
 #include "dbaccess/Schema.h"
 #include "dbaccess/SqlText.h"
+#include "formats/Csv.h"
 #include "petrodb/IBasicDataOper.h"
 #include "petrodb/project/IBasicWellData.h"
 #include "petrodb/project/IWellGroupData.h"
@@ -14,84 +15,9 @@
 namespace petrodb::cli {
 namespace {
 
-using Row = std::vector<std::string>;
-
-// A CSV file: a header row and data rows, with the file line each row starts on.
-struct Table {
-  Row header;
-  std::vector<Row> rows;
-  std::vector<int> lines;
-};
-
-// Reads comma-separated values: fields may be quoted ("a, b", "say ""hi"""),
-// a quoted field may span lines, blank lines are skipped, a UTF-8 byte order
-// mark and CR line ends are ignored.
-bool ReadCsv(const std::string& path, Table& table, std::string& error) {
-  std::ifstream in(path, std::ios::binary);
-  if (!in) {
-    error = path + ": cannot read the file";
-    return false;
-  }
-  std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-  if (text.rfind("\xEF\xBB\xBF", 0) == 0) text.erase(0, 3);
-  Row row;
-  std::string field;
-  bool quoted = false, fieldStarted = false;
-  int line = 1, rowLine = 1;
-  auto endRow = [&] {
-    if (fieldStarted || !field.empty() || !row.empty()) {
-      row.push_back(field);
-      if (table.header.empty()) {
-        table.header = row;
-      } else {
-        table.rows.push_back(row);
-        table.lines.push_back(rowLine);
-      }
-    }
-    row.clear();
-    field.clear();
-    fieldStarted = false;
-  };
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const char c = text[i];
-    if (quoted) {
-      if (c == '"' && i + 1 < text.size() && text[i + 1] == '"') {
-        field += '"';
-        ++i;
-      } else if (c == '"') {
-        quoted = false;
-      } else {
-        if (c == '\n') ++line;
-        field += c;
-      }
-    } else if (c == '"' && field.empty()) {
-      quoted = fieldStarted = true;
-    } else if (c == ',') {
-      row.push_back(field);
-      field.clear();
-      fieldStarted = true;
-    } else if (c == '\n') {
-      endRow();
-      rowLine = ++line;
-    } else if (c != '\r') {
-      field += c;
-    }
-  }
-  if (quoted) {
-    error = path + ": line " + std::to_string(rowLine) + ": a quoted field is not closed";
-    return false;
-  }
-  endRow();
-  if (table.header.empty()) {
-    error = path + ": the file has no header row";
-    return false;
-  }
-  return true;
-}
-
-std::string Where(const std::string& path, int line, const std::string& column) {
-  return path + ": line " + std::to_string(line) + ", column " + column + ": ";
-}
+using csv::Row;
+using csv::Table;
+using csv::Where;
 
 bool Number(const std::string& cell, double& value) {
   return sql::ParseWholeNumber(cell, value);
@@ -139,10 +65,10 @@ const char* Expected(const std::string& column) {
 
 int WellsImport(const std::vector<std::string>& args) {
   const std::string &file = args[0], &project = args[1], &csv = args[2];
-  if (!CheckProjectFile(file)) return kFailed;
+  if (!CheckProjectFile(file, Access::Write)) return kFailed;
   Table table;
   std::string error;
-  if (!ReadCsv(csv, table, error)) {
+  if (!csv::ReadFile(csv, table, error)) {
     PrintError(error);
     return kFailed;
   }
@@ -188,7 +114,7 @@ int WellsImport(const std::vector<std::string>& args) {
   auto data = Create<IBasicWellData>(*factory, "IBasicWellData");
   for (std::size_t i = 0; i < wells.size(); ++i) {
     if (!data->SaveWells(project, std::vector<WellRecord>{wells[i]})) {
-      PrintError(Where(csv, table.lines[i], "WellID") + "saving well " + wells[i].WellID + " failed; " +
+      PrintFailure(Where(csv, table.lines[i], "WellID") + "saving well " + wells[i].WellID + " failed; " +
                  (i == 0 ? std::string("nothing was imported")
                          : std::to_string(i) + " well(s) of the lines before it were saved"));
       return kFailed;
@@ -208,18 +134,29 @@ int WellsList(const std::vector<std::string>& args) {
   auto groups = Create<IWellGroupData>(*factory, "IWellGroupData");
   std::vector<WellRecord> wells;
   if (!data->LoadAllWells(project.c_str(), wells)) {
-    PrintError("cannot read the wells of project " + project);
+    PrintFailure("cannot read the wells of project " + project);
     return kFailed;
   }
+  // Each group's members, read once; a list is printed only when all of it was read.
   std::vector<WellGroupRecord> projectGroups;
-  groups->LoadProjectGroups(project.c_str(), projectGroups);
+  if (!groups->LoadProjectGroups(project.c_str(), projectGroups)) {
+    PrintFailure("cannot read the well groups of project " + project);
+    return kFailed;
+  }
+  std::vector<std::vector<std::string>> members(projectGroups.size());
+  for (std::size_t g = 0; g < projectGroups.size(); ++g)
+    if (!data->GetGroupWellIDs(project.c_str(), projectGroups[g].GroupID.c_str(), members[g])) {
+      PrintFailure("cannot read the members of well group " + projectGroups[g].GroupID);
+      return kFailed;
+    }
   std::printf("%-12s %-16s %-8s %14s %14s %4s %6s %9s %9s %9s  %s\n", "WellID", "WellName", "WellType", "Well_SN",
               "Well_EW", "Flag", "Symbol", "Kb", "Ekb", "WellDepth", "groups");
   for (const auto& w : wells) {
     std::string memberOf;
-    for (const auto& g : projectGroups)
-      if (data->IsWellInGroup(g.GroupID.c_str(), w.WellID.c_str()))
-        memberOf += (memberOf.empty() ? "" : ", ") + (g.GroupName.empty() ? g.GroupID : g.GroupName);
+    for (std::size_t g = 0; g < projectGroups.size(); ++g)
+      if (std::binary_search(members[g].begin(), members[g].end(), w.WellID))
+        memberOf += (memberOf.empty() ? "" : ", ") +
+                    (projectGroups[g].GroupName.empty() ? projectGroups[g].GroupID : projectGroups[g].GroupName);
     std::printf("%-12s %-16s %-8s %14.2f %14.2f %4c %6d %9.2f %9.2f %9.2f  %s\n", w.WellID.c_str(),
                 w.WellName.c_str(), w.WellType.c_str(), w.Well_SN, w.Well_EW, w.WellFlag ? w.WellFlag : ' ',
                 w.WellSymbol, w.Kb, w.Ekb, w.WellDepth, memberOf.c_str());
@@ -243,7 +180,7 @@ std::optional<std::string> TypeText(schema::Type type) {
 
 int ImportTable(const std::vector<std::string>& args) {
   const std::string &file = args[0], &tableName = args[1], &csv = args[2];
-  if (!CheckProjectFile(file)) return kFailed;
+  if (!CheckProjectFile(file, Access::Write)) return kFailed;
   const schema::Table* target = schema::Builtin().FindTable(tableName);
   if (!target) {
     PrintError("no table " + tableName + " in the project schema");
@@ -251,7 +188,7 @@ int ImportTable(const std::vector<std::string>& args) {
   }
   Table table;
   std::string error;
-  if (!ReadCsv(csv, table, error)) {
+  if (!csv::ReadFile(csv, table, error)) {
     PrintError(error);
     return kFailed;
   }
@@ -283,7 +220,7 @@ int ImportTable(const std::vector<std::string>& args) {
   auto factory = MakeFactory(ProjectConnection(file));
   auto oper = Create<IBasicDataOper>(*factory, "IBasicDataOper");
   if (!oper->ImportRows(target->name.c_str(), names, types, table.rows)) {
-    PrintError("importing into " + target->name + " failed; nothing was imported");
+    PrintFailure("importing into " + target->name + " failed; nothing was imported");
     return kFailed;
   }
   std::printf("imported %zu row(s) into %s\n", table.rows.size(), target->name.c_str());

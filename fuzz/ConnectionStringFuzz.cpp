@@ -1,0 +1,2 @@
+#include "Entry.h"
+PETRODB_FUZZ_ENTRY(ConnectionStringParser)

@@ -1,0 +1,1 @@
+~V VERS. 2.0 : CWLS WRAP. NO :~W NULL. -999.25 : null WELL. A-1 : well~C DEPT.M : depth GR.GAPI : gamma~A1000 45.51000.5 -999.25
