@@ -361,6 +361,17 @@ TEST_F(WellDataTest, SaveWithGroupAddsTheExplicitMembership) {
   EXPECT_TRUE(Members("G7").empty());
 }
 
+// A save whose steps fail half-way leaves the old wells: the row delete that
+// ran before the failing membership delete is undone with it.
+TEST_F(WellDataTest, AFailedSaveKeepsTheOldWellsWhole) {
+  ASSERT_TRUE(wells_->SaveWells("P1", {Well("A", "old a"), Well("B", "old b")}));
+  Exec("drop table w_groupwell");
+  EXPECT_FALSE(wells_->SaveWell("P1", Well("A", "new a")));
+  EXPECT_FALSE(wells_->SaveWells("P1", {Well("A", "new a"), Well("B", "new b")}));
+  EXPECT_FALSE(wells_->DeleteWells("P1", {"A", "B"}));
+  EXPECT_EQ(Query("select WellName from w_well_data order by WellID"), (std::vector<std::string>{"old a", "old b"}));
+}
+
 TEST_F(WellDataTest, ReplaceWellDeletesTheIDInEveryProject) {
   ASSERT_TRUE(wells_->AppendWells("P1", {Well("W1", "in p1")}));
   ASSERT_TRUE(wells_->AppendWells("P2", {Well("W1", "in p2")}));

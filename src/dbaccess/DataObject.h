@@ -309,6 +309,16 @@ class CDataObject : public Interface {
     return true;
   }
 
+  // Runs `steps()` as one operation: every session it opens on this connection,
+  // in this object or in others it creates, shares one connection and one
+  // transaction. True steps commit (the answer is the commit's); false steps,
+  // or a write that failed inside them, leave nothing of what they wrote.
+  template <class StepsFn>
+  bool Atomically(StepsFn&& steps) const {
+    db::Operation operation(connectionString);
+    return steps() && operation.Commit();
+  }
+
   // ---- other objects ----
 
   // Another data object through the catalogue, on this object's connection;

@@ -152,20 +152,27 @@ class CBasicWellData final : public ProjectDataObject<IBasicWellData> {
   bool AddWellToGroup(const char* groupID, const char* wellID) override {
     return AddWellsToGroup(groupID, {wellID ? wellID : ""});
   }
+  // The lists are saved and deleted whole or not at all.
   bool SaveWellsWithGroup(const char* project, const char* groupID, const std::vector<WellRecord>& records) override {
-    for (const auto& record : records)
-      if (!SaveWellWithGroup(project, groupID, record)) return false;
-    return true;
+    return Atomically([&] {
+      for (const auto& record : records)
+        if (!SaveWellWithGroup(project, groupID, record)) return false;
+      return true;
+    });
   }
   bool SaveWells(const char* project, const std::vector<WellRecord>& records) override {
-    for (const auto& record : records)
-      if (!SaveWell(project, record)) return false;
-    return true;
+    return Atomically([&] {
+      for (const auto& record : records)
+        if (!SaveWell(project, record)) return false;
+      return true;
+    });
   }
   bool DeleteWells(const char* project, const std::vector<std::string>& ids) override {
-    for (const auto& id : ids)
-      if (!DeleteWell(project, id.c_str())) return false;
-    return true;
+    return Atomically([&] {
+      for (const auto& id : ids)
+        if (!DeleteWell(project, id.c_str())) return false;
+      return true;
+    });
   }
 
   // ---- group-aware operations ----
@@ -251,28 +258,33 @@ class CBasicWellData final : public ProjectDataObject<IBasicWellData> {
   }
 
   bool SaveWellWithGroup(const char* project, const char* groupID, const WellRecord& record) override {
-    if (!SaveWell(project, record)) return false;
-    // The group's naming policy may already have taken the well in.
-    return IsWellInGroup(groupID, record.WellID.c_str()) || AddWellToGroup(groupID, record.WellID.c_str());
+    return Atomically([&] {
+      if (!SaveWell(project, record)) return false;
+      // The group's naming policy may already have taken the well in.
+      return IsWellInGroup(groupID, record.WellID.c_str()) || AddWellToGroup(groupID, record.WellID.c_str());
+    });
   }
 
   // Deletes the well in the project (row and memberships), writes the row,
-  // then joins it to the groups whose naming policy takes it.
+  // then joins it to the groups whose naming policy takes it: one unit, so a
+  // reader sees the old well or the new one with its memberships.
   bool SaveWell(const char* project, const WellRecord& record) override {
-    if (!ReplaceAfter(
-            kWriteWell, [&](CDbManage&) { return DeleteWell(project, record.WellID.c_str()); },
-            [&](CDbManage& db) { AddWellRow(db, project, record); }))
-      return false;
-    JoinGroupsByPolicy(project, record);
-    return true;
+    return Atomically([&] {
+      if (!ReplaceAfter(
+              kWriteWell, [&](CDbManage&) { return DeleteWell(project, record.WellID.c_str()); },
+              [&](CDbManage& db) { AddWellRow(db, project, record); }))
+        return false;
+      JoinGroupsByPolicy(project, record);
+      return true;
+    });
   }
 
   bool DeleteProjectWells(const char* project) override {
-    return Execute(kDeleteProjectWells(project)) && Execute(kDeleteAllMemberships());
+    return Atomically([&] { return Execute(kDeleteProjectWells(project)) && Execute(kDeleteAllMemberships()); });
   }
 
   bool DeleteWell(const char* project, const char* wellID) override {
-    return Execute(kDeleteWell(project, wellID)) && Execute(kDeleteMembershipsOf(wellID));
+    return Atomically([&] { return Execute(kDeleteWell(project, wellID)) && Execute(kDeleteMembershipsOf(wellID)); });
   }
 
   bool AddWellsToGroup(const char* groupID, const std::vector<std::string>& ids) override {

@@ -124,20 +124,22 @@ class CWellGroupData final : public ProjectDataObject<IWellGroupData> {
                   const std::vector<std::vector<std::string>>& members) override {
     for (const auto& record : records)
       if (record.GroupID.empty()) return false;
-    const bool saved = ReplaceAfter(
-        kSaveGroups,
-        [&](CDbManage&) {
-          for (const auto& record : records)
-            if (!DeleteOne(project, record.GroupID)) return false;
-          return true;
-        },
-        [&](CDbManage& db) {
-          for (const auto& g : records) kGroupColumns.AddKeyedRow(db, "ProjectName", Text(project), g);
-        });
-    return saved && Append(kMembershipColumns.table(), [&](CDbManage& db) {
-             for (std::size_t i = 0; i < records.size() && i < members.size(); ++i)
-               for (const auto& wellID : members[i]) kMembershipColumns.AddRow(db, {records[i].GroupID, wellID});
-           });
+    return Atomically([&] {
+      const bool saved = ReplaceAfter(
+          kSaveGroups,
+          [&](CDbManage&) {
+            for (const auto& record : records)
+              if (!DeleteOne(project, record.GroupID)) return false;
+            return true;
+          },
+          [&](CDbManage& db) {
+            for (const auto& g : records) kGroupColumns.AddKeyedRow(db, "ProjectName", Text(project), g);
+          });
+      return saved && Append(kMembershipColumns.table(), [&](CDbManage& db) {
+               for (std::size_t i = 0; i < records.size() && i < members.size(); ++i)
+                 for (const auto& wellID : members[i]) kMembershipColumns.AddRow(db, {records[i].GroupID, wellID});
+             });
+    });
   }
 
   bool DeleteProjectGroups(const char* project) override {
@@ -145,9 +147,11 @@ class CWellGroupData final : public ProjectDataObject<IWellGroupData> {
   }
 
   bool DeleteGroups(const char* project, const std::vector<std::string>& ids) override {
-    for (const auto& id : ids)
-      if (!DeleteOne(project, id)) return false;
-    return true;
+    return Atomically([&] {
+      for (const auto& id : ids)
+        if (!DeleteOne(project, id)) return false;
+      return true;
+    });
   }
 
   bool DeleteGroup(const char* project, const char* groupID) override {
@@ -158,7 +162,7 @@ class CWellGroupData final : public ProjectDataObject<IWellGroupData> {
  private:
   // The group's row and its membership rows.
   bool DeleteOne(const char* project, const std::string& groupID) const {
-    return Execute(kDeleteGroup(project, groupID)) && Execute(kDeleteMembers(groupID));
+    return Atomically([&] { return Execute(kDeleteGroup(project, groupID)) && Execute(kDeleteMembers(groupID)); });
   }
 };
 
