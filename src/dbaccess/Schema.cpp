@@ -102,13 +102,16 @@ Schema Parse(std::string_view text) {
     const bool indented = line[0] == ' ' || line[0] == '\t';
     if (indented) {
       if (!current) Fail(number, "a column outside a table");
-      if (words.size() != 2) Fail(number, "expected \"<column> <type>\"");
+      if (words.size() != 2 && words.size() != 3) Fail(number, "expected \"<column> <type> [now]\"");
       const Type type = ParseType(words[1], number);
+      const bool defaultNow = words.size() == 3;
+      if (defaultNow && (type != Type::Date || sql::AsciiLower(words[2]) != "now"))
+        Fail(number, "only a date column can take \"now\"");
       if (const Column* existing = current->FindColumn(words[0])) {
         if (existing->type != type) Fail(number, "column " + words[0] + " declared again with another type");
         continue;
       }
-      current->columns.push_back(Column{words[0], type});
+      current->columns.push_back(Column{words[0], type, defaultNow});
       continue;
     }
     current = nullptr;
@@ -160,8 +163,10 @@ std::vector<std::string> RenderSqlite(const Schema& schema) {
   std::vector<std::string> out;
   for (const auto& t : schema.tables) {
     std::string ddl = "create table " + t.name + " (";
-    for (std::size_t i = 0; i < t.columns.size(); ++i)
+    for (std::size_t i = 0; i < t.columns.size(); ++i) {
       ddl += (i ? ", " : "") + t.columns[i].name + " " + SqliteType(t.columns[i].type);
+      if (t.columns[i].defaultNow) ddl += " DEFAULT (strftime('%Y-%m-%d %H:%M:%S','now','localtime'))";
+    }
     for (const auto& a : t.aliases) {
       const Column* source = t.FindColumn(a.column);
       ddl += ", " + a.alias + " " + SqliteType(source->type) + " generated always as (" + a.column + ") virtual";
@@ -196,8 +201,10 @@ std::vector<std::string> RenderPostgres(const Schema& schema) {
   out.push_back("create extension if not exists citext;");
   for (const auto& t : schema.tables) {
     std::string ddl = "create table " + t.name + " (";
-    for (std::size_t i = 0; i < t.columns.size(); ++i)
+    for (std::size_t i = 0; i < t.columns.size(); ++i) {
       ddl += (i ? ", " : "") + PostgresColumnName(t.columns[i].name) + " " + PostgresType(t.columns[i].type);
+      if (t.columns[i].defaultNow) ddl += " DEFAULT localtimestamp(0)";
+    }
     for (const auto& a : t.aliases) {
       const Column* source = t.FindColumn(a.column);
       ddl += ", " + a.alias + " " + PostgresType(source->type) + " generated always as (" + a.column + ") stored";

@@ -3,7 +3,8 @@
 // sources under schema/ and rendered for each engine.
 //
 // Source format, one declaration a line ('#' starts a comment):
-//   table <name>                    then its columns, indented: <column> <type>
+//   table <name>                    then its columns, indented: <column> <type> [now]
+//                                   ("now": a date column a new row fills with the current time)
 //   view <alias> of <table>         a second name for a table
 //   alias <table>.<alias> = <column>  a second name for a column (generated column)
 //   index <table> <col>[,<col>...]
@@ -21,6 +22,7 @@ enum class Type { Text, Double, Int, Date, DoubleArray, AutoNumber };
 struct Column {
   std::string name;
   Type type;
+  bool defaultNow = false;  // a date column that a new row fills with the current local time
 };
 
 struct ColumnAlias {

@@ -1,0 +1,223 @@
+// The petrodb host's pipeline network commands, run as a user runs them, on
+// networks saved through the library's own objects.
+#include <algorithm>
+#include <fstream>
+#include <sstream>
+
+#include "TestSupport.h"
+#include "petrodb/network/INode.h"
+#include "petrodb/network/IPipe.h"
+#include "petrodb/network/IPipenet.h"
+
+namespace petrodb::test {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+Lines SplitLines(const std::string& text) {
+  Lines lines;
+  std::istringstream in(text);
+  for (std::string line; std::getline(in, line);) lines.push_back(line);
+  return lines;
+}
+
+NodeRecord Node(const char* name, int type, const char* parent) {
+  NodeRecord n;
+  n.NodeName = name;
+  n.NodeType = type;
+  n.ParentNodeName = parent;
+  return n;
+}
+
+PipeRecord Pipe(const char* name, int type, const char* from, const char* to) {
+  PipeRecord p;
+  p.PipeName = name;
+  p.PipeType = type;
+  p.Node1 = from;
+  p.Node2 = to;
+  p.Diameter = 100;
+  return p;
+}
+
+class NetworkCommandsTest : public ProjectTest {
+ protected:
+  void SetUp() override {
+    ProjectTest::SetUp();
+    if (!jet()) GTEST_SKIP() << "the host commands open project files";
+  }
+
+  // Two networks. The west one holds a parent chain that comes back to a name
+  // above it (间1 under 回1 under 井1 under 间1), a node of a type without a
+  // name, and a node whose parent names no node. The east one shares the name
+  // 间1 as a top node, and two nodes that are each other's parent.
+  void SaveNetworks() {
+    auto networks = Make<IPipenet>("IPipenet");
+    auto nodes = Make<INode>("INode");
+    auto pipes = Make<IPipe>("IPipe");
+    PipenetRecord west;
+    west.PipenetName = "西区";
+    west.UnitName = "一厂";
+    west.Creator = "张三";
+    west.PipenetType = "注水";
+    west.Xmax = 1000.5;
+    west.Ymin = -20;
+    west.Ymax = 500;
+    west.LeftMargin = 10;
+    west.TopMargin = 20;
+    west.Ratio = 1.5;
+    west.SubNum = 3;
+    west.StationbreachNum = 1;
+    PipenetRecord east;
+    east.PipenetName = "东区";
+    east.UnitName = "二厂";
+    east.Creator = "李四";
+    ASSERT_TRUE(networks->SavePipenet(west));
+    ASSERT_TRUE(networks->SavePipenet(east));
+    ASSERT_TRUE(nodes->SaveNodes("西区", {Node("站1", 0, "-1"), Node("间1", 1, "站1"), Node("井1", 2, "间1"),
+                                          Node("井2", 2, "间1"), Node("回1", 3, "井1"), Node("间1", 3, "回1"),
+                                          Node("X9", 17, "站1"), Node("孤1", 4, "(无)")}));
+    ASSERT_TRUE(nodes->SaveNodes("东区", {Node("间1", 1, "-1"), Node("E井", 2, "间1"), Node("L1", 3, "L2"),
+                                          Node("L2", 3, "L1")}));
+    ASSERT_TRUE(pipes->SavePipes("西区", {Pipe("P1", 0, "站1", "间1"), Pipe("P2", 2, "间1", "井1"),
+                                          Pipe("P3", 2, "间1", "井2"), Pipe("P4", 9, "井1", "回1")}));
+    ASSERT_TRUE(pipes->SavePipes("东区", {Pipe("Q1", 1, "间1", "E井")}));
+    // The database dates a header when it is written; a fixed date keeps the output exact.
+    Exec("update n_pipenet set CreateDate = '2024-01-05 08:30:00'");
+  }
+};
+
+TEST_F(NetworkCommandsTest, ListShowsEveryHeaderWithItsCountsAligned) {
+  SaveNetworks();
+  const CliRun run = RunPetrodb("network list " + file_);
+  ASSERT_EQ(run.code, 0) << run.output;
+  // Ordered by name; a Chinese character takes two columns.
+  EXPECT_EQ(SplitLines(run.output), (Lines{
+                                        "network  unit  creator  nodes  pipes",
+                                        "东区     二厂  李四         4      1",
+                                        "西区     一厂  张三         8      4",
+                                        "2 network(s)",
+                                    }));
+}
+
+TEST_F(NetworkCommandsTest, ShowPrintsHeaderCountsAndTheHierarchyCuttingTheLoop) {
+  SaveNetworks();
+  const CliRun run = RunPetrodb("network show " + file_ + " 西区");
+  ASSERT_EQ(run.code, 0) << run.output;
+  EXPECT_EQ(SplitLines(run.output), (Lines{
+                                        "network    西区",
+                                        "unit       一厂",
+                                        "type       注水",
+                                        "creator    张三",
+                                        "created    2024-01-05 08:30:00",
+                                        "memo",
+                                        "extent     X 0 .. 1000.5, Y -20 .. 500",
+                                        "drawing    left margin 10, top margin 20, ratio 1.5",
+                                        "sub-items  3",
+                                        "stations   1",
+                                        "8 node(s)",
+                                        "  1  注水站 (injection station)",
+                                        "  1  配水间 (water distribution room)",
+                                        "  2  注水井 (injection well)",
+                                        "  2  管汇点 (manifold point)",
+                                        "  1  水罐 (water tank)",
+                                        "  1  type 17 (no such type)",
+                                        "4 pipe(s)",
+                                        "  1  出站干线 (station outlet trunk line)",
+                                        "  2  支线 (branch line)",
+                                        "  1  type 9 (no such type)",
+                                        "hierarchy",
+                                        "  站1 [注水站]",
+                                        "    间1 [配水间]",
+                                        "      井1 [注水井]",
+                                        "        回1 [管汇点]",
+                                        "          间1 [管汇点]  (loop: 间1 is already above; not expanded)",
+                                        "      井2 [注水井]",
+                                        "    X9 [type 17]",
+                                        "not under a top node of this network: 1 node(s)",
+                                        "  孤1 (parent (无))",
+                                    }))
+      << run.output;
+}
+
+TEST_F(NetworkCommandsTest, ShowKeepsToItsNetworkWhereNamesAreShared) {
+  SaveNetworks();
+  // The hierarchy gives 间1 the children of both networks; only the east's are shown,
+  // and the two nodes that are each other's parent are listed, not walked.
+  const CliRun run = RunPetrodb("network show " + file_ + " 东区");
+  ASSERT_EQ(run.code, 0) << run.output;
+  const Lines lines = SplitLines(run.output);
+  const auto hierarchy = std::find(lines.begin(), lines.end(), "hierarchy");
+  ASSERT_NE(hierarchy, lines.end()) << run.output;
+  EXPECT_EQ(Lines(hierarchy, lines.end()), (Lines{
+                                               "hierarchy",
+                                               "  间1 [配水间]",
+                                               "    E井 [注水井]",
+                                               "not under a top node of this network: 2 node(s)",
+                                               "  L1 (parent L2)",
+                                               "  L2 (parent L1)",
+                                           }));
+  EXPECT_NE(run.output.find("4 node(s)\n  1  配水间 (water distribution room)\n  1  注水井 (injection well)\n"
+                            "  2  管汇点 (manifold point)\n1 pipe(s)\n  1  注水干线 (injection trunk line)\n"),
+            std::string::npos)
+      << run.output;
+}
+
+TEST_F(NetworkCommandsTest, UnknownNetworksAndEmptyFilesAreReportedByName) {
+  {
+    const CliRun list = RunPetrodb("network list " + file_);
+    EXPECT_EQ(list.code, 0);
+    EXPECT_EQ(list.output, "0 network(s)\n");
+    const CliRun show = RunPetrodb("network show " + file_ + " 西区");
+    EXPECT_EQ(show.code, 1);
+    EXPECT_EQ(show.output, "petrodb: no network \"西区\" in " + file_ + " (it has no networks)\n");
+  }
+  SaveNetworks();
+  const CliRun show = RunPetrodb("network show " + file_ + " 北区");
+  EXPECT_EQ(show.code, 1);
+  EXPECT_EQ(show.output, "petrodb: no network \"北区\" in " + file_ + " (its networks: 东区, 西区)\n");
+
+  // A header that cannot be read fails the command rather than dropping a
+  // network, the first of the list (where the load stops with nothing) or a later one.
+  for (const char* network : {"东区", "西区"}) {
+    Exec("update n_pipenet set Creator = NULL where PipenetName = '" + std::string(network) + "'");
+    const CliRun broken = RunPetrodb("network list " + file_);
+    EXPECT_EQ(broken.code, 1) << network;
+    EXPECT_EQ(broken.output, "petrodb: cannot read the networks of " + file_ + "\n") << network;
+    Exec("update n_pipenet set Creator = 'x'");
+  }
+
+  const std::string notes = (dir_ / "notes.mdb").string();
+  std::ofstream(notes) << "not a database\n";
+  for (const std::string& command : {"network list " + notes, "network show " + notes + " 西区"}) {
+    const CliRun run = RunPetrodb(command);
+    EXPECT_EQ(run.code, 1) << command;
+    EXPECT_EQ(run.output, "petrodb: " + notes + " is not a petrodb project file (not an SQLite database)\n");
+  }
+}
+
+TEST_F(NetworkCommandsTest, WrongUsageExitsTwoWithTheUsage) {
+  const struct {
+    std::string arguments;
+    std::string output;
+  } cases[] = {
+      {"network show " + file_, "usage: petrodb network show <file> <network>\n"},
+      {"network list", "usage: petrodb network list <file>\n"},
+      {"network list " + file_ + " extra", "usage: petrodb network list <file>\n"},
+      {"network list " + file_ + " --unit 一厂", "petrodb: unknown option --unit\n"},
+      {"network", "usage: petrodb network list <file>\n       petrodb network show <file> <network>\n"},
+      {"network drop " + file_,
+       "petrodb: unknown network command \"drop\"\n"
+       "usage: petrodb network list <file>\n       petrodb network show <file> <network>\n"},
+  };
+  for (const auto& c : cases) {
+    const CliRun run = RunPetrodb(c.arguments);
+    EXPECT_EQ(run.code, 2) << c.arguments;
+    EXPECT_EQ(run.output, c.output) << c.arguments;
+  }
+  const CliRun help = RunPetrodb("network show --help");
+  EXPECT_EQ(help.code, 0);
+  EXPECT_EQ(help.output.rfind("usage: petrodb network show <file> <network>\n", 0), 0u) << help.output;
+}
+
+}  // namespace
+}  // namespace petrodb::test
