@@ -59,13 +59,13 @@ class CEpaCurve final : public CDataObject<IEpaCurve> {
 
   bool SaveCurves(const char* deviceModel, const CurveMap& curves) override {
     for (const auto& [id, curve] : curves)
-      if (!Given(id, kEmptyId)) return false;
+      if (!KeyGiven(id, kEmptyId)) return false;
     return Append(kTable, [&](CDbManage& db) {
       for (const auto& [id, curve] : curves) AddCurve(db, id, deviceModel, curve);
     });
   }
   bool SaveCurve(const char* deviceModel, const CurveRecord& curve) override {
-    if (!Given(curve.CurveID, kEmptyId)) return false;
+    if (!KeyGiven(curve.CurveID, kEmptyId)) return false;
     return Append(kTable, [&](CDbManage& db) { AddCurve(db, curve.CurveID, deviceModel, curve); });
   }
 

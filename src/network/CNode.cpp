@@ -80,13 +80,13 @@ class CNode final : public CDataObject<INode> {
   }
 
   bool SaveNode(const NodeRecord& record) override {
-    if (!Given(record.PipenetName, kEmptyNetwork) || !Given(record.NodeName, kEmptyNode)) return false;
+    if (!KeyGiven(record.PipenetName, kEmptyNetwork) || !KeyGiven(record.NodeName, kEmptyNode)) return false;
     return Replace(kSave, kDeleteOnSave(record.PipenetName, record.NodeName),
                    [&](CDbManage& db) { kNodeColumns.AddRow(db, record); });
   }
 
   bool SaveNodes(const char* network, const std::vector<NodeRecord>& records) override {
-    if (!Given(network, kEmptyNetwork)) return false;
+    if (!KeyGiven(network, kEmptyNetwork)) return false;
     return Append(kTable, [&](CDbManage& db) {
       for (NodeRecord node : records) {
         node.PipenetName = network;
@@ -96,13 +96,13 @@ class CNode final : public CDataObject<INode> {
   }
 
   bool DeletePipenetNodes(const char* network) override {
-    return Given(network, kEmptyNetwork) && Execute(kDeleteNetwork(network));
+    return KeyGiven(network, kEmptyNetwork) && Execute(kDeleteNetwork(network));
   }
   bool DeleteNode(const char* network, const char* node) override {
-    return Given(network, kEmptyNetwork) && Given(node, kEmptyNode) && Execute(kDeleteNode(network, node));
+    return KeyGiven(network, kEmptyNetwork) && KeyGiven(node, kEmptyNode) && Execute(kDeleteNode(network, node));
   }
   bool DeleteNodes(const char* network, const std::vector<std::string>& nodes) override {
-    if (!Given(network, kEmptyNetwork)) return false;
+    if (!KeyGiven(network, kEmptyNetwork)) return false;
     return ExecuteForEach(connectionString, nodes, [&](const std::string& node) { return kDeleteNode(network, node); });
   }
   PETRODB_DATA_CLASS

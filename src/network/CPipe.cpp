@@ -67,13 +67,13 @@ class CPipe final : public CDataObject<IPipe> {
   bool PipeExists(const char* network, const char* pipe) override { return Exists(kPipeExists(network, pipe)); }
 
   bool SavePipe(const PipeRecord& record) override {
-    if (!Given(record.PipenetName, kEmptyNetwork) || !Given(record.PipeName, kEmptyPipe)) return false;
+    if (!KeyGiven(record.PipenetName, kEmptyNetwork) || !KeyGiven(record.PipeName, kEmptyPipe)) return false;
     return Replace(kSave, kDeletePipe(record.PipenetName, record.PipeName),
                    [&](CDbManage& db) { kPipeColumns.AddRow(db, record); });
   }
 
   bool SavePipes(const char* network, const std::vector<PipeRecord>& records) override {
-    if (!Given(network, kEmptyNetwork)) return false;
+    if (!KeyGiven(network, kEmptyNetwork)) return false;
     return Append(kTable, [&](CDbManage& db) {
       for (PipeRecord pipe : records) {
         pipe.PipenetName = network;
@@ -83,13 +83,13 @@ class CPipe final : public CDataObject<IPipe> {
   }
 
   bool DeletePipenetPipes(const char* network) override {
-    return Given(network, kEmptyNetwork) && Execute(kDeleteNetwork(network));
+    return KeyGiven(network, kEmptyNetwork) && Execute(kDeleteNetwork(network));
   }
   bool DeletePipe(const char* network, const char* pipe) override {
-    return Given(network, kEmptyNetwork) && Given(pipe, kEmptyPipe) && Execute(kDeletePipe(network, pipe));
+    return KeyGiven(network, kEmptyNetwork) && KeyGiven(pipe, kEmptyPipe) && Execute(kDeletePipe(network, pipe));
   }
   bool DeletePipes(const char* network, const std::vector<std::string>& pipes) override {
-    if (!Given(network, kEmptyNetwork)) return false;
+    if (!KeyGiven(network, kEmptyNetwork)) return false;
     return ExecuteForEach(connectionString, pipes, [&](const std::string& pipe) { return kDeletePipe(network, pipe); });
   }
   PETRODB_DATA_CLASS

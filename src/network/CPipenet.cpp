@@ -71,7 +71,7 @@ class CPipenet final : public CDataObject<IPipenet> {
 
   // The old header goes through DeletePipenet, which probes the table again.
   bool SavePipenet(const PipenetRecord& record) override {
-    if (!Given(record.PipenetName, kEmptyName)) return false;
+    if (!KeyGiven(record.PipenetName, kEmptyName)) return false;
     return ReplaceAfter(
         kSave, [&](CDbManage&) { return DeletePipenet(record.PipenetName.c_str()); },
         [&](CDbManage& db) { kPipenetColumns.AddRow(db, record); });

@@ -34,7 +34,7 @@ class CPumpInputPower final : public CDataObject<IPumpInputPower> {
  public:
   bool LoadCasePumpPowers(const char* caseName, std::vector<PumpInputPowerRecord>& powers) override {
     powers.clear();
-    if (!Given(caseName, kEmptyCase)) return false;
+    if (!KeyGiven(caseName, kEmptyCase)) return false;
     return LoadAll(kLoadCase(caseName), kColumns, powers, Fill::Clear).found();
   }
 
@@ -52,7 +52,7 @@ class CPumpInputPower final : public CDataObject<IPumpInputPower> {
   }
 
   bool SaveCasePumpPowers(const char* caseName, const std::vector<PumpInputPowerRecord>& powers) override {
-    if (!Given(caseName, kEmptyCase)) return false;
+    if (!KeyGiven(caseName, kEmptyCase)) return false;
     return Append(kColumns.table(), [&](CDbManage& db) {
       for (PumpInputPowerRecord row : powers) {
         row.Proj_name = caseName;
@@ -65,7 +65,7 @@ class CPumpInputPower final : public CDataObject<IPumpInputPower> {
   }
 
   bool DeleteCasePumpPowers(const char* caseName) override {
-    return Given(caseName, kEmptyCase) && Execute(kDeleteCase(caseName));
+    return KeyGiven(caseName, kEmptyCase) && Execute(kDeleteCase(caseName));
   }
   bool DeletePumpPower(const char* caseName, const char* pump) override {
     return CaseAndPumpGiven(caseName, pump) && Execute(kDeletePump(caseName, pump));

@@ -86,7 +86,7 @@ class CRodStruct final : public CCatalogueObject<IRodStruct> {
 
   bool DeleteWellRodStructs(const char* well) override { return DeleteEntry(kWells, well); }
   bool DeletePipenetRodStructs(const char* network) override {
-    return Given(network, kEmptyNetwork) && Execute(kDeleteOfNetwork(network, kInjectionWell));
+    return KeyGiven(network, kEmptyNetwork) && Execute(kDeleteOfNetwork(network, kInjectionWell));
   }
   bool DeleteRodStructsOfWells(const std::vector<std::string>& wells) override {
     return Execute(kDeleteWells(sql::QuoteEach(wells, ", ")));

@@ -108,7 +108,7 @@ class CCatalogueObject : public CDataObject<Interface> {
 
   template <class R>
   bool SaveEntryRows(const Catalogue<R>& c, const char* key, const std::vector<R>& rows, KeyOf keyOf) const {
-    if (!Given(key, c.emptyKey)) return false;
+    if (!KeyGiven(key, c.emptyKey)) return false;
     const Statement remove = c.deleteKey(key);
     if (remove.refused()) return false;  // a key holding a quote: nothing is sent
     return this->ReplaceAfter(

@@ -14,15 +14,6 @@ namespace petrodb::network {
 
 inline constexpr Message kSaveFailed = ErrorMessage("保存数据库出错！");
 
-// True when `key` is given; otherwise shows `empty` and answers false, before
-// any database access.
-inline bool Given(const char* key, const Message& empty) {
-  if (key && *key) return true;
-  empty.Show();
-  return false;
-}
-inline bool Given(const std::string& key, const Message& empty) { return Given(key.c_str(), empty); }
-
 // Runs `statement(key)` for each key on one session of `connection`, every one
 // whatever the others answer; true when all succeeded.
 template <class StatementFn>
