@@ -1,8 +1,8 @@
 #pragma once
-// The properties the fuzz targets check, one function per parser. Each takes
-// the raw input and returns "" when every property holds, else what failed.
-// The libFuzzer entry points (fuzz/*Fuzz.cpp) abort on a failure; the test
-// suite runs the same functions over the seed corpus (fuzz/corpus/<target>).
+// What the fuzz targets check, one function per parser. Each takes the raw
+// input and returns "" when all holds, else what failed. The libFuzzer entry
+// points (fuzz/*Fuzz.cpp) abort on a failure; FuzzSeedsTest runs the same
+// functions over the sample inputs in fuzz/corpus/<target>.
 #include <algorithm>
 #include <cmath>
 #include <cstdint>

@@ -64,6 +64,12 @@ inline bool TableMissing(CDbManage& db, const char* table) { return db.GetDataFr
 // When a replace probes its table: before its deletes, after them, or not at all.
 enum class Probe { First, AfterDelete, None };
 
+// When a load is sent again under a second statement.
+enum class Fallback {
+  WhenNoRows,   // only when the first finds no row
+  UnlessFound,  // whenever the first does not answer with rows (no rows or a failure)
+};
+
 // The steps of a replace by key, as a class's operation takes them.
 struct ReplaceSteps {
   const char* table;
@@ -140,6 +146,17 @@ class CDataObject : public Interface {
   bool LoadOneWith(const Statement& statement, ReadFn&& read, Record& record, bool binary = false) const {
     CDbManage db(connectionString.c_str());
     return db.GetDataFromDB(statement.c_str(), binary) == kRowsFound && read(db, record);
+  }
+
+  // The first row of `first`, or, when `fallback` says so, of `second`.
+  template <class Record>
+  bool LoadOneOrElse(const Statement& first, const Statement& second, Fallback fallback,
+                     const ColumnTable<Record>& columns, Record& record) const {
+    CDbManage db(connectionString.c_str());
+    int found = db.GetDataFromDB(first.c_str());
+    if (fallback == Fallback::WhenNoRows ? found == kNoRows : found != kRowsFound)
+      found = db.GetDataFromDB(second.c_str());
+    return found == kRowsFound && columns.Read(db, record);
   }
 
   // The first row of the statement into `record`: once a row is found,
@@ -240,6 +257,16 @@ class CDataObject : public Interface {
     CDbManage db(connectionString.c_str());
     bool ok = true;
     for (const auto& s : statements) ok = db.ExecuteSQL(s.c_str()) && ok;
+    return ok;
+  }
+
+  // Runs `statement(key)` for each key on one session, every one whatever the
+  // others answer; true when all succeeded.
+  template <class StatementFn>
+  bool ExecuteEach(const std::vector<std::string>& keys, StatementFn&& statement) const {
+    CDbManage db(connectionString.c_str());
+    bool ok = true;
+    for (const auto& key : keys) ok = db.ExecuteSQL(statement(key).c_str()) && ok;
     return ok;
   }
 

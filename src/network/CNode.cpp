@@ -103,7 +103,7 @@ class CNode final : public CDataObject<INode> {
   }
   bool DeleteNodes(const char* network, const std::vector<std::string>& nodes) override {
     if (!KeyGiven(network, kEmptyNetwork)) return false;
-    return ExecuteForEach(connectionString, nodes, [&](const std::string& node) { return kDeleteNode(network, node); });
+    return ExecuteEach(nodes, [&](const std::string& node) { return kDeleteNode(network, node); });
   }
   PETRODB_DATA_CLASS
 

@@ -90,7 +90,7 @@ class CPipe final : public CDataObject<IPipe> {
   }
   bool DeletePipes(const char* network, const std::vector<std::string>& pipes) override {
     if (!KeyGiven(network, kEmptyNetwork)) return false;
-    return ExecuteForEach(connectionString, pipes, [&](const std::string& pipe) { return kDeletePipe(network, pipe); });
+    return ExecuteEach(pipes, [&](const std::string& pipe) { return kDeletePipe(network, pipe); });
   }
   PETRODB_DATA_CLASS
 

@@ -40,12 +40,11 @@ class CPumpInputPower final : public CDataObject<IPumpInputPower> {
 
   bool LoadPumpPower(const char* caseName, const char* pump, double& inputPower, double& runEff) override {
     if (!CaseAndPumpGiven(caseName, pump)) return false;
-    CDbManage db(connectionString.c_str());  // two selected values of the first row into the caller's variables
-    if (db.GetDataFromDB(kLoadPump(caseName, pump).c_str()) != kRowsFound) return false;
+    // The two values go to the caller's variables; what was read before a failure stays.
     PumpInputPowerRecord row;
     row.MotorInp_power = inputPower;
     row.MotorRunEff = runEff;
-    const bool read = Selected(kColumns, {"MotorInp_power", "MotorRunEff"})(db, row);
+    const bool read = LoadOneWith(kLoadPump(caseName, pump), Selected(kColumns, {"MotorInp_power", "MotorRunEff"}), row);
     inputPower = row.MotorInp_power;
     runEff = row.MotorRunEff;
     return read;

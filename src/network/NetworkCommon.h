@@ -14,16 +14,6 @@ namespace petrodb::network {
 
 inline constexpr Message kSaveFailed = ErrorMessage("保存数据库出错！");
 
-// Runs `statement(key)` for each key on one session of `connection`, every one
-// whatever the others answer; true when all succeeded.
-template <class StatementFn>
-bool ExecuteForEach(const std::string& connection, const std::vector<std::string>& keys, StatementFn statement) {
-  CDbManage db(connection.c_str());
-  bool ok = true;
-  for (const auto& key : keys) ok = db.ExecuteSQL(statement(key).c_str()) && ok;
-  return ok;
-}
-
 // A type number column whose reading also sets the type name: names[type], or
 // "" for a number outside the table. The name is not a column and is not written.
 template <class Record, std::size_t N>

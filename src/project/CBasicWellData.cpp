@@ -250,7 +250,7 @@ class CBasicWellData final : public ProjectDataObject<IBasicWellData> {
   }
 
   bool LoadWellByName(const char* name, WellRecord& record) override {
-    return LoadOneByNameOrID(kWellByName(name), kWellByID(name), Fallback::WhenNoRows, kWellColumns, record);
+    return LoadOneOrElse(kWellByName(name), kWellByID(name), Fallback::WhenNoRows, kWellColumns, record);
   }
 
   bool GetGroupedWellIDs(std::vector<std::string>& ids) override {

@@ -115,7 +115,7 @@ class CWellGroupData final : public ProjectDataObject<IWellGroupData> {
   }
 
   bool LoadGroupByName(const char* name, WellGroupRecord& record) override {
-    return LoadOneByNameOrID(kGroupByName(name), kGroupByID(name), Fallback::UnlessFound, kGroupColumns, record);
+    return LoadOneOrElse(kGroupByName(name), kGroupByID(name), Fallback::UnlessFound, kGroupColumns, record);
   }
 
   // Each group's row and members are deleted first (a delete that fails ends

@@ -21,11 +21,6 @@ extern const ColumnTable<Membership> kMembershipColumns;
 // empty name gives the ID.
 bool ReadDisplayName(const CDbManage& db, const char* nameColumn, const char* idColumn, std::string& name);
 
-// When a lookup by name is sent again by ID.
-enum class Fallback {
-  WhenNoRows,   // only when the name finds no row
-  UnlessFound,  // whenever the name does not answer with rows (no rows or a failure)
-};
 
 // A code table (system parameters, users, units): one row per key, an empty
 // key refused with the table's message, a save that probes the table (with
@@ -60,17 +55,6 @@ class ProjectDataObject : public CDataObject<Interface> {
   // missing table, otherwise the statement's result.
   bool DeleteCodeRow(const CodeTable& t, const char* key, const Statement& statement) const {
     return KeyGiven(key ? key : "", t.emptyKey) && this->ExecuteOnTable(t.save.table, statement);
-  }
-
-  // The first row of `byName`, or, when `fallback` says so, of `byID`.
-  template <class Record>
-  bool LoadOneByNameOrID(const Statement& byName, const Statement& byID, Fallback fallback,
-                         const ColumnTable<Record>& columns, Record& record) const {
-    CDbManage db(connectionString.c_str());
-    int found = db.GetDataFromDB(byName.c_str());
-    if (fallback == Fallback::WhenNoRows ? found == kNoRows : found != kRowsFound)
-      found = db.GetDataFromDB(byID.c_str());
-    return found == kRowsFound && columns.Read(db, record);
   }
 
   // Loads by name in batches of ten (joined as the inside of "in ('...')"):
