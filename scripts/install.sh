@@ -2,7 +2,8 @@
 # Installs what petrodb needs to build and test, only what is missing.
 set -euo pipefail
 packages=(g++ cmake ninja-build pkg-config ccache libsqlite3-dev sqlite3 libpq-dev
-          googletest libgtest-dev libgmock-dev libbenchmark-dev postgresql locales)
+          googletest libgtest-dev libgmock-dev libbenchmark-dev postgresql locales
+          libsegyio-dev)
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
