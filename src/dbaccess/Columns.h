@@ -155,8 +155,13 @@ ColumnOf<Record, T> Col(const char* name, Part Record::*part, T Part::*member) {
 
 // The registered tables, for the schema check.
 struct ColumnTableInfo {
+  struct Entry {
+    std::string name;
+    MemberKind kind;
+    bool written;
+  };
   std::string table;
-  std::vector<std::pair<std::string, MemberKind>> columns;
+  std::vector<Entry> columns;
 };
 const std::vector<ColumnTableInfo>& RegisteredColumnTables();
 void RegisterColumnTable(ColumnTableInfo info);
@@ -167,7 +172,7 @@ class ColumnTable {
   ColumnTable(const char* table, std::initializer_list<Column<Record>> columns)
       : table_(table), columns_(columns) {
     ColumnTableInfo info{table_, {}};
-    for (const auto& c : columns_) info.columns.emplace_back(c.name, c.kind);
+    for (const auto& c : columns_) info.columns.push_back({c.name, c.kind, c.written});
     RegisterColumnTable(std::move(info));
   }
 
