@@ -74,6 +74,16 @@ std::string IndexName(const Index& index) {
   return sql::AsciiLower(name);
 }
 
+// "create view v as select * from t;", or, for a view with a body,
+// "create view v (c1, c2, ...) as <select>;" (both engines take the column list).
+template <class NameFn>
+std::string ViewDdl(const View& v, NameFn columnName) {
+  if (v.body.empty()) return "create view " + v.name + " as select * from " + v.table + ";";
+  std::string cols;
+  for (const auto& c : v.shape.columns) cols += (cols.empty() ? "" : ", ") + columnName(c.name);
+  return "create view " + v.name + " (" + cols + ") as\n  " + v.body + ";";
+}
+
 }  // namespace
 
 const Column* Table::FindColumn(std::string_view name) const {
@@ -85,6 +95,8 @@ const Column* Table::FindColumn(std::string_view name) const {
 const Table* Schema::FindTable(std::string_view name) const {
   for (const auto& t : tables)
     if (sql::EqualsIgnoreCase(t.name, name)) return &t;
+  for (const auto& v : views)
+    if (!v.body.empty() && sql::EqualsIgnoreCase(v.name, name)) return &v.shape;
   return nullptr;
 }
 
@@ -94,12 +106,27 @@ Schema Parse(std::string_view text) {
   std::string line;
   int number = 0;
   Table* current = nullptr;
+  std::size_t bodyView = 0;  // 1 + the index of the view with a body being read; 0 for none
   while (std::getline(in, line)) {
     ++number;
     if (const auto hash = line.find('#'); hash != std::string::npos) line.resize(hash);
     const auto words = Words(line);
     if (words.empty()) continue;
     const bool indented = line[0] == ' ' || line[0] == '\t';
+    if (indented && bodyView) {
+      View& v = schema.views[bodyView - 1];
+      if (v.body.empty() && sql::AsciiLower(words[0]) != "select") {
+        if (words.size() != 2) Fail(number, "expected \"<column> <type>\" or the select text");
+        if (v.shape.FindColumn(words[0])) Fail(number, "column " + words[0] + " declared twice");
+        v.shape.columns.push_back(Column{words[0], ParseType(words[1], number)});
+        continue;
+      }
+      const auto first = line.find_first_not_of(" \t");
+      const auto last = line.find_last_not_of(" \t\r");
+      v.body += (v.body.empty() ? "" : "\n  ") + line.substr(first, last - first + 1);
+      continue;
+    }
+    bodyView = 0;
     if (indented) {
       if (!current) Fail(number, "a column outside a table");
       if (words.size() != 2 && words.size() != 3) Fail(number, "expected \"<column> <type> [now]\"");
@@ -119,7 +146,10 @@ Schema Parse(std::string_view text) {
     if (keyword == "table" && words.size() == 2) {
       current = &TableNamed(schema, words[1]);
     } else if (keyword == "view" && words.size() == 4 && sql::AsciiLower(words[2]) == "of") {
-      schema.views.push_back(View{words[1], words[3]});
+      schema.views.push_back(View{words[1], words[3], {}, {}});
+    } else if (keyword == "view" && words.size() == 2) {
+      schema.views.push_back(View{words[1], {}, {}, Table{words[1], {}, {}}});
+      bodyView = schema.views.size();
     } else if (keyword == "alias" && words.size() == 4 && words[2] == "=") {
       const auto dot = words[1].find('.');
       if (dot == std::string::npos) Fail(number, "expected <table>.<alias>");
@@ -141,8 +171,12 @@ Schema Parse(std::string_view text) {
       if (!t.FindColumn(a.column))
         throw std::runtime_error("schema: alias " + t.name + "." + a.alias + " names no column " + a.column);
   }
-  for (const auto& v : schema.views)
-    if (!schema.FindTable(v.table)) throw std::runtime_error("schema: view " + v.name + " of unknown table " + v.table);
+  for (const auto& v : schema.views) {
+    if (v.table.empty() && (v.body.empty() || v.shape.columns.empty()))
+      throw std::runtime_error("schema: view " + v.name + " needs its columns and a select text");
+    if (!v.table.empty() && !schema.FindTable(v.table))
+      throw std::runtime_error("schema: view " + v.name + " of unknown table " + v.table);
+  }
   for (const auto& i : schema.indexes)
     if (!schema.FindTable(i.table)) throw std::runtime_error("schema: index on unknown table " + i.table);
   return schema;
@@ -154,7 +188,7 @@ const Schema& Builtin() {
 }
 
 Schema WithoutAliases(Schema schema) {
-  schema.views.clear();
+  std::erase_if(schema.views, [](const View& v) { return v.body.empty(); });
   for (auto& t : schema.tables) t.aliases.clear();
   return schema;
 }
@@ -178,7 +212,7 @@ std::vector<std::string> RenderSqlite(const Schema& schema) {
     for (const auto& c : i.columns) cols += (cols.empty() ? "" : ", ") + c;
     out.push_back("create index " + IndexName(i) + " on " + i.table + " (" + cols + ");");
   }
-  for (const auto& v : schema.views) out.push_back("create view " + v.name + " as select * from " + v.table + ";");
+  for (const auto& v : schema.views) out.push_back(ViewDdl(v, [](const std::string& c) { return c; }));
   return out;
 }
 
@@ -219,7 +253,7 @@ std::vector<std::string> RenderPostgres(const Schema& schema) {
     for (const auto& c : i.columns) cols += (cols.empty() ? "" : ", ") + c;
     out.push_back("create index " + IndexName(i) + " on " + i.table + " (" + cols + ");");
   }
-  for (const auto& v : schema.views) out.push_back("create view " + v.name + " as select * from " + v.table + ";");
+  for (const auto& v : schema.views) out.push_back(ViewDdl(v, PostgresColumnName));
   return out;
 }
 

@@ -6,6 +6,10 @@
 //   table <name>                    then its columns, indented: <column> <type> [now]
 //                                   ("now": a date column a new row fills with the current time)
 //   view <alias> of <table>         a second name for a table
+//   view <name>                     a view with a select body: its columns, indented
+//                                   (<column> <type>), then the select text, indented,
+//                                   beginning with "select"; the columns name the view's
+//                                   columns in the order the select gives them
 //   alias <table>.<alias> = <column>  a second name for a column (generated column)
 //   index <table> <col>[,<col>...]
 // Types: text, double, int, date, doubles (an array of doubles), autonumber;
@@ -37,7 +41,9 @@ struct Table {
 };
 
 struct View {
-  std::string name, table;
+  std::string name, table;  // `table`: the table a second name stands for; empty for a select body
+  std::string body;         // the select text of a view with a body
+  Table shape;              // the columns of a view with a body (named as the view)
 };
 
 struct Index {
@@ -49,14 +55,16 @@ struct Schema {
   std::vector<Table> tables;
   std::vector<View> views;
   std::vector<Index> indexes;
-  const Table* FindTable(std::string_view name) const;  // ignores case
+  // A table, or the columns of a view with a select body; ignores case.
+  const Table* FindTable(std::string_view name) const;
 };
 
 // Throws std::runtime_error naming the line of the first error.
 Schema Parse(std::string_view text);
 // The schema shipped with this build.
 const Schema& Builtin();
-// Drops the compatibility aliases (views and alias columns).
+// Drops the compatibility aliases (second names of tables and alias columns);
+// views with a select body stay.
 Schema WithoutAliases(Schema schema);
 
 // One statement per line-separated block, each ending with ";".

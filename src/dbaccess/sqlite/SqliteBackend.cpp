@@ -402,12 +402,53 @@ bool AcceptsSqlite(const ConnectionString& parsed) {
   return provider.rfind("microsoft.jet.oledb", 0) == 0 || provider == "sqlite";
 }
 
+// to_date(text, format), as the server has it: the text read by a format of
+// the fields YYYY, MM, DD, HH24 (or HH), MI and SS, every other character of
+// the format standing for itself; the result is the ISO text date columns hold
+// ("YYYY-MM-DD HH:MM:SS"), or NULL when the text does not fit the format.
+void ToDate(sqlite3_context* context, int, sqlite3_value** args) {
+  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(args[0]));
+  const auto* format = reinterpret_cast<const char*>(sqlite3_value_text(args[1]));
+  if (!text || !format) return sqlite3_result_null(context);
+  int fields[6] = {0, 1, 1, 0, 0, 0};  // year, month, day, hour, minute, second
+  static constexpr struct { const char* token; int field, digits; } kTokens[] = {
+      {"YYYY", 0, 4}, {"HH24", 3, 2}, {"MM", 1, 2}, {"DD", 2, 2}, {"HH", 3, 2}, {"MI", 4, 2}, {"SS", 5, 2}};
+  const char* t = text;
+  for (const char* f = format; *f;) {
+    bool matched = false;
+    for (const auto& k : kTokens) {
+      const std::size_t n = std::strlen(k.token);
+      if (sqlite3_strnicmp(f, k.token, static_cast<int>(n)) != 0) continue;
+      int value = 0, digits = 0;
+      while (digits < k.digits && *t >= '0' && *t <= '9') value = value * 10 + (*t++ - '0'), ++digits;
+      if (digits == 0) return sqlite3_result_null(context);
+      fields[k.field] = value;
+      f += n;
+      matched = true;
+      break;
+    }
+    if (matched) continue;
+    if (*t != *f) return sqlite3_result_null(context);
+    ++t, ++f;
+  }
+  while (*t == ' ') ++t;
+  if (*t || fields[1] < 1 || fields[1] > 12 || fields[2] < 1 || fields[2] > 31 || fields[3] > 23 || fields[4] > 59 ||
+      fields[5] > 59)
+    return sqlite3_result_null(context);
+  char out[64];
+  std::snprintf(out, sizeof out, "%04d-%02d-%02d %02d:%02d:%02d", fields[0], fields[1], fields[2], fields[3], fields[4],
+                fields[5]);
+  sqlite3_result_text(context, out, -1, SQLITE_TRANSIENT);
+}
+
 // Journal and sync: WAL lets a session write while another holds a read open,
 // and synchronous=FULL syncs the log at every commit, so a committed save
 // survives a crash or power loss; a save batch is one commit.
 bool Configure(sqlite3* db, bool writable, const std::string& path, std::string& error) {
   sqlite3_busy_timeout(db, 5000);
   sqlite3_extended_result_codes(db, 1);
+  sqlite3_create_function_v2(db, "to_date", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, &ToDate, nullptr, nullptr,
+                             nullptr);
   // Reading the schema proves the file is a database at all.
   if (sqlite3_exec(db, "select count(*) from sqlite_master", nullptr, nullptr, nullptr) != SQLITE_OK) {
     error = Explain(db, path);
