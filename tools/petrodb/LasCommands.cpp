@@ -8,7 +8,9 @@
 #include <sstream>
 #include <cstring>
 
+#include "Checkshot.h"
 #include "Command.h"
+#include "dbaccess/SqlText.h"
 #include "formats/Las.h"
 #include "petrodb/Host.h"
 #include "petrodb/project/IBasicWellData.h"
@@ -41,9 +43,51 @@ bool Import(IDataFactory& factory, const std::string& wellID, const std::string&
   return true;
 }
 
-int LasImport(const std::vector<std::string>& args) {
+// A checkshot LAS: the index is measured depth, or TVDSS when its mnemonic
+// says so; the curve TWT holds two-way time in ms (its NULL samples are left out).
+bool ReadCheckshot(const std::string& path, Checkshot& shot) {
+  las::File file;
+  std::string error;
+  if (!las::ReadFile(path, file, error)) {
+    PrintError(path + ": " + error);
+    return false;
+  }
+  for (const auto& warning : file.warnings) std::fprintf(stderr, "%s: %s\n", path.c_str(), warning.c_str());
+  const las::Curve* twt = nullptr;
+  for (std::size_t i = 1; i < file.curves.size(); ++i)
+    if (sql::EqualsIgnoreCase(file.curves[i].mnemonic, "TWT")) twt = &file.curves[i];
+  if (file.curves.empty() || !twt) {
+    PrintError(path + ": a checkshot needs a depth index and a curve TWT (two-way time, ms)");
+    return false;
+  }
+  const las::Curve& index = file.curves.front();
+  shot.measuredDepth = !sql::EqualsIgnoreCase(index.mnemonic, "TVDSS");
+  for (std::size_t i = 0; i < index.values.size() && i < twt->values.size(); ++i) {
+    if (file.IsNull(twt->values[i])) continue;
+    shot.depths.push_back(index.values[i]);
+    shot.times.push_back(twt->values[i]);
+  }
+  return true;
+}
+
+int LasImport(const std::vector<std::string>& given) {
+  std::vector<std::string> args;
+  bool checkshot = false;
+  for (const auto& a : given) {
+    if (a == "--checkshot")
+      checkshot = true;
+    else
+      args.push_back(a);
+  }
+  if (args.size() != 3) return kUsage;
   const std::string& file = args.at(0);
   if (!CheckProjectFile(file, Access::Write)) return kFailed;
+  if (checkshot) {
+    Checkshot shot;
+    if (!ReadCheckshot(args.at(2), shot)) return kFailed;
+    auto factory = MakeFactory(ProjectConnection(file));
+    return SaveCheckshot(*factory, file, args.at(1), shot) ? kOk : kFailed;
+  }
   auto factory = MakeFactory(ProjectConnection(file));
   WellLog log;
   if (!Import(*factory, args.at(1), args.at(2), log)) return kFailed;
@@ -164,8 +208,10 @@ int LasExport(const std::vector<std::string>& args) {
   return kOk;
 }
 
-const CommandRegistration kImport{
-    Command{"las import", "<file> <well-id> <las>", "load a LAS 2.0 file into a well's log curves", &LasImport, 3, 3}};
+const CommandRegistration kImport{Command{
+    "las import", "<file> <well-id> <las> [--checkshot]",
+    "load a LAS 2.0 file into a well's log curves (--checkshot: depth and TWT in ms as a VSP run)", &LasImport, 3,
+    4}};
 const CommandRegistration kExport{Command{"las export", "<file> <well-id> [curve...] [--out <las>]",
                                           "write curves of a well as LAS 2.0 (to stdout unless --out)", &LasExport, 2,
                                           -1}};

@@ -1,0 +1,345 @@
+// VSP processing projects: projects, the algorithm catalogue, algorithm runs,
+// data sets and lines, and the objects that fix a type code.
+#include <algorithm>
+#include <set>
+
+#include "TestSupport.h"
+#include "petrodb/seismic/IVspAlgoPathData.h"
+#include "petrodb/seismic/IVspDeteData.h"
+#include "petrodb/seismic/IVspGeneralData.h"
+#include "petrodb/seismic/IVspHodoGraphData.h"
+#include "petrodb/seismic/IVspParamData.h"
+#include "petrodb/seismic/IVspProjectData.h"
+#include "petrodb/seismic/IVspSegyLineData.h"
+#include "petrodb/seismic/IVspVelData.h"
+
+namespace petrodb::test {
+namespace {
+
+using VspProjectTest = ObjectTest<IVspProjectData, "IVspProjectData">;
+
+VspProjectRecord Project(const std::string& name, const std::string& well) {
+  return {0, name, well, "desc " + name, "2024-1-2", "me", "zero-offset"};
+}
+
+TEST_F(VspProjectTest, SavingAgainReplacesTheRowAndTheDatabaseNumbersIt) {
+  ASSERT_TRUE(object_->SaveVspProject(Project("A", "W1")));
+  ASSERT_TRUE(object_->SaveVspProjects({Project("B", "W1"), Project("C", "W2")}));
+  const int first = object_->GetVspProjectId("A");
+  sql_.clear();
+  ASSERT_TRUE(object_->SaveVspProject(Project("A", "W1")));
+  EXPECT_EQ(sql_.texts("ExecuteSQL"),
+            std::vector<std::string>{"delete from vsp_project where Vsp_ProjName = 'A' and WellID = 'W1'"});
+  EXPECT_EQ(Query("select count(*) from vsp_project where Vsp_ProjName = 'A'"), std::vector<std::string>{"1"});
+  const int id = object_->GetVspProjectId("A");
+  EXPECT_GT(id, first);
+  EXPECT_EQ(object_->GetVspProjectId("none"), -1);
+
+  VspProjectRecord loaded;
+  ASSERT_TRUE(object_->LoadVspProject(id, loaded));
+  VspProjectRecord expected = Project("A", "W1");
+  expected.Vsp_ProjID = id;
+  EXPECT_EQ(loaded, expected);
+  VspProjectRecord byName;
+  ASSERT_TRUE(object_->LoadVspProjectByName("B", byName));
+  EXPECT_EQ(byName.Description, "desc B");
+  EXPECT_EQ(byName.Vsp_ProjName, "");  // not selected
+  std::vector<VspProjectRecord> ofWell;
+  ASSERT_TRUE(object_->LoadWellVspProjects("W1", ofWell));
+  ASSERT_EQ(ofWell.size(), 2u);
+  EXPECT_EQ(ofWell[0].WellID, "");  // the load reads the name and the details only
+  std::vector<std::string> names;
+  ASSERT_TRUE(object_->GetVspProjectNames("W1", names));
+  EXPECT_EQ(names, (std::vector<std::string>{"A", "B"}));
+  std::string type;
+  ASSERT_TRUE(object_->GetVspProjectType("C", type));
+  EXPECT_EQ(type, "zero-offset");
+  EXPECT_TRUE(object_->IsVspProjectExist("C"));
+  ASSERT_TRUE(object_->DeleteWellVspProjects("W1"));
+  EXPECT_FALSE(object_->IsVspProjectExist("A"));
+  EXPECT_TRUE(object_->IsVspProjectExist("C"));
+}
+
+TEST_F(VspProjectTest, EmptyKeysShowTheirMessagesAndTouchNothing) {
+  EXPECT_FALSE(object_->SaveVspProject(Project("", "W1")));
+  EXPECT_FALSE(object_->SaveVspProject(Project("A", "")));
+  EXPECT_FALSE(object_->DeleteVspProject("W1", ""));
+  EXPECT_FALSE(object_->DeleteWellVspProjects(""));
+  EXPECT_EQ(Query("select count(*) from vsp_project"), std::vector<std::string>{"0"});
+  // The list save deletes through the single delete, whatever it answers.
+  ASSERT_TRUE(object_->SaveVspProjects({Project("", "W1")}));
+  EXPECT_EQ(messages_.texts(), (std::vector<std::string>{"井号或Vsp工区名称不能为空！", "井号或Vsp工区名称不能为空！",
+                                                         "井号或Vsp工区名称不能为空！", "井号不能为空！",
+                                                         "井号或Vsp工区名称不能为空！"}));
+  EXPECT_EQ(Query("select count(*) from vsp_project"), std::vector<std::string>{"1"});
+  EXPECT_FALSE(object_->SaveVspProject(Project("it's", "W1")));  // a key no delete could reach
+  Exec("drop table vsp_project");
+  messages_.clear();
+  EXPECT_FALSE(object_->SaveVspProject(Project("A", "W1")));
+  EXPECT_FALSE(object_->DeleteWellVspProjects("W1"));
+  EXPECT_TRUE(messages_.messages().empty());
+}
+
+using VspAlgoPathTest = ObjectTest<IVspAlgoPathData, "IVspAlgoPathData">;
+
+TEST_F(VspAlgoPathTest, CatalogueByTypeAndPath) {
+  ASSERT_TRUE(object_->SaveAlgoCatalogue({{"pre", "filter", "T", "1", "f.out"},
+                                          {"pre", "gain", "T", "1", "g.out"},
+                                          {"stack", "sum", "T", "2", "s.out"},
+                                          {"other", "x", "U", "9", "x.out"}}));
+  ASSERT_TRUE(object_->SaveAlgoPath({"pick", "first", "T", "0", "p.out"}));
+  std::vector<std::string> list;
+  ASSERT_TRUE(object_->GetAlgoPaths("T", list));
+  EXPECT_EQ(list, (std::vector<std::string>{"pick", "pre", "stack"}));
+  ASSERT_TRUE(object_->GetAlgoPathsOrdered("T", list));
+  EXPECT_EQ(list, (std::vector<std::string>{"pick", "pre", "stack"}));
+  ASSERT_TRUE(object_->GetPathAlgorithms("T", "pre", list));
+  EXPECT_EQ(list, (std::vector<std::string>{"filter", "gain"}));
+  std::string path;
+  ASSERT_TRUE(object_->GetAlgorithmPath("T", "sum", path));
+  EXPECT_EQ(path, "stack");
+  std::vector<VspAlgoPathRecord> records;
+  ASSERT_TRUE(object_->LoadAlgoCatalogue("T", records));
+  ASSERT_EQ(records.size(), 4u);
+  EXPECT_EQ(records[0], (VspAlgoPathRecord{"pick", "first", "T", "0", "p.out"}));
+  ASSERT_TRUE(object_->GetPathDefaultOutputs("U", records));
+  EXPECT_EQ(records, (std::vector<VspAlgoPathRecord>{{"other", "", "", "", "x.out"}}));
+
+  // Selects two columns and reads three others: the read fails.
+  sql_.clear();
+  EXPECT_FALSE(object_->LoadPathAlgorithms("T", "pre", records));
+  EXPECT_TRUE(records.empty());
+  EXPECT_EQ(sql_.texts().at(0),
+            "select Algo_name, Proj_type from vsp_algo_path where Proj_type ='T' and Algo_path ='pre'");
+
+  EXPECT_FALSE(object_->DeleteAlgorithm("T", "", "gain"));
+  EXPECT_FALSE(object_->DeleteAlgoPath("T", ""));
+  EXPECT_EQ(messages_.texts(), (std::vector<std::string>{"算法路径或算法名称不能为空！", "算法路径不能为空！"}));
+  sql_.clear();
+  ASSERT_TRUE(object_->DeleteAlgorithm("T", "pre", "gain"));
+  ASSERT_TRUE(object_->DeleteAlgoPath("T", "stack"));
+  ASSERT_TRUE(object_->DeleteProjectTypeAlgos("U"));
+  EXPECT_EQ(sql_.texts("ExecuteSQL"),
+            (std::vector<std::string>{
+                "delete from vsp_algo_path where  Proj_type ='T' and Algo_path = 'pre' and Algo_name = 'gain'",
+                "delete from vsp_algo_path where  Proj_type ='T' and Algo_path = 'stack'",
+                "delete from vsp_algo_path where  Proj_type ='U'"}));
+  EXPECT_EQ(Query("select count(*) from vsp_algo_path"), std::vector<std::string>{"2"});
+}
+
+// Runs of project 1: a filter run feeds a stack run; the catalogue has paths
+// "pre" (filter) and "stack" (sum), and another type's path with a greater order.
+class VspParamTest : public ObjectTest<IVspParamData, "IVspParamData"> {
+ protected:
+  void SetUp() override {
+    ObjectTest::SetUp();
+    auto algos = Make<IVspAlgoPathData>("IVspAlgoPathData");
+    ASSERT_TRUE(algos->SaveAlgoCatalogue(
+        {{"pre", "filter", "T", "1", ""}, {"stack", "sum", "T", "2", ""}, {"x", "other", "U", "3", ""}}));
+    ASSERT_TRUE(object_->SaveParams({Run("filter", "f1.out", "raw.sgy", "p1", {2024, 1, 5, 9, 3, 7}),
+                                     Run("filter", "f2.out", "raw.sgy", "p2", {2024, 2, 1, 0, 0, 0}),
+                                     Run("sum", "s.out", "f2.out", "q", {2024, 1, 9, 0, 0, 0})}));
+  }
+  static VspParamRecord Run(const std::string& algo, const std::string& out, const std::string& in,
+                            const std::string& params, DateTime t) {
+    return {1, out, in, algo, params, t};
+  }
+};
+
+TEST_F(VspParamTest, RunsByOutputAlgorithmAndTime) {
+  std::string params;
+  ASSERT_TRUE(object_->GetLatestAlgoParams(1, "filter", params));
+  EXPECT_EQ(params, "p2");
+  ASSERT_TRUE(object_->GetOutputParams(1, "f1.out", params));
+  EXPECT_EQ(params, "p1");
+  VspParamRecord run;
+  ASSERT_TRUE(object_->LoadParamByOutput(1, "s.out", run));
+  EXPECT_EQ(run, (VspParamRecord{0, "", "f2.out", "sum", "q", {2024, 1, 9, 0, 0, 0}}));
+  std::vector<VspParamRecord> runs;
+  ASSERT_TRUE(object_->GetAlgoOutputsByTime(1, "filter", runs));
+  ASSERT_EQ(runs.size(), 2u);
+  EXPECT_EQ(runs[0].Output_file, "f2.out");
+  ASSERT_TRUE(object_->LoadProjectParams(1, runs));
+  EXPECT_EQ(runs.size(), 3u);
+  EXPECT_TRUE(object_->IsOutputExist(1, "s.out"));
+  EXPECT_FALSE(object_->IsOutputExist(2, "s.out"));
+  std::vector<std::string> outputs;
+  ASSERT_TRUE(object_->GetAlgoOutputs(1, "filter", outputs));
+  EXPECT_EQ(outputs.size(), 2u);
+  ASSERT_TRUE(object_->GetOutputFiles(1, outputs));
+  EXPECT_EQ(outputs.size(), 3u);
+
+  // The time goes in unpadded between '#' signs: an Access literal.
+  sql_.clear();
+  const bool found = object_->LoadParamBySaveTime(1, {2024, 1, 5, 9, 3, 7}, run);
+  EXPECT_EQ(sql_.texts().at(0), "select  * from vsp_param where Save_time = #2024-1-5 9:3:7# and Vsp_ProjID = 1");
+  EXPECT_EQ(found, jet());
+  if (jet()) EXPECT_EQ(run, Run("filter", "f1.out", "raw.sgy", "p1", {2024, 1, 5, 9, 3, 7}));
+
+  EXPECT_FALSE(object_->SaveParam(Run("sum", "", "a", "b", {})));
+  EXPECT_FALSE(object_->DeleteAlgoParams(1, ""));
+  EXPECT_EQ(messages_.texts(), (std::vector<std::string>{"算法文件名称不能为空！", "算法名称不能为空！"}));
+  ASSERT_TRUE(object_->DeleteAlgoParams(1, "filter"));
+  ASSERT_TRUE(object_->GetOutputFiles(1, outputs));
+  EXPECT_EQ(outputs, std::vector<std::string>{"s.out"});
+  ASSERT_TRUE(object_->DeleteProjectParams(1));
+  EXPECT_FALSE(object_->GetOutputFiles(1, outputs));
+}
+
+TEST_F(VspParamTest, OutputsOfPathsTypesAndTheWholeCataloguesLastStep) {
+  std::vector<std::string> outputs;
+  ASSERT_TRUE(object_->GetPathOutputs(1, "pre", "", outputs));
+  EXPECT_EQ(outputs.size(), 2u);
+  ASSERT_TRUE(object_->GetPathOutputs(1, "pre", "f2.out", outputs));
+  EXPECT_EQ(outputs, std::vector<std::string>{"f2.out"});
+  EXPECT_FALSE(object_->GetPathOutputs(1, "pre", "s.out", outputs));
+  ASSERT_TRUE(object_->SaveParam(Run("filter", "f1.out", "raw.sgy", "again", {2024, 3, 1, 0, 0, 0})));
+  ASSERT_TRUE(object_->GetTypePathOutputs(1, "T", "pre", outputs));
+  EXPECT_EQ(outputs.size(), 3u);
+  std::set<std::string> once;
+  ASSERT_TRUE(object_->GetTypePathOutputs(1, "T", "pre", once));
+  EXPECT_EQ(once, (std::set<std::string>{"f1.out", "f2.out"}));
+  // The greatest sort order is another type's: type T has no final outputs.
+  std::vector<VspOutputOrder> final;
+  EXPECT_FALSE(object_->GetFinalOutputs(1, "T", final));
+  EXPECT_FALSE(object_->GetFinalOutputs(1, "T", outputs));
+  Exec("delete from vsp_algo_path where Proj_type = 'U'");
+  ASSERT_TRUE(object_->GetFinalOutputs(1, "T", final));
+  EXPECT_EQ(final, (std::vector<VspOutputOrder>{{"s.out", "2"}}));
+  ASSERT_TRUE(object_->GetFinalOutputs(1, "T", outputs));
+  EXPECT_EQ(outputs, std::vector<std::string>{"s.out"});
+}
+
+// The rename is an Access multi-table update: bridged on project files; a
+// server refuses it and the delete before it is undone.
+TEST_F(VspParamTest, RenamingAnOutputReplacesTheRunsHoldingTheNewName) {
+  sql_.clear();
+  const bool renamed = object_->RenameOutputInPath(1, "pre", "f1.out", "f2.out");
+  EXPECT_EQ(sql_.texts(),
+            (std::vector<std::string>{
+                "select Output_file from vsp_param A, vsp_algo_path B where A.Vsp_ProjID = 1  and B.Algo_path ='pre' "
+                "and A.Output_file = 'f2.out' and A.Algo_name = B.Algo_name",
+                "delete from vsp_param where Vsp_ProjID = 1  and Output_file = 'f2.out' and Algo_name in ( select "
+                "Algo_Name from vsp_algo_path where Algo_path = 'pre' )",
+                "update vsp_param A, vsp_algo_path B set Output_file = 'f2.out' where A.Vsp_ProjID = 1  and "
+                "B.Algo_path ='pre' and A.Output_file = 'f1.out' and A.Algo_name = B.Algo_name"}));
+  EXPECT_EQ(renamed, jet());
+  std::vector<std::string> outputs;
+  ASSERT_TRUE(object_->GetAlgoOutputs(1, "filter", outputs));
+  std::string params;
+  ASSERT_TRUE(object_->GetOutputParams(1, "f2.out", params));
+  if (jet()) {
+    EXPECT_EQ(outputs, std::vector<std::string>{"f2.out"});
+    EXPECT_EQ(params, "p1");
+  } else {
+    EXPECT_EQ(outputs.size(), 2u);
+    EXPECT_EQ(params, "p2");
+  }
+  EXPECT_FALSE(object_->RenameOutputInPath(1, "pre", "", "x"));
+  EXPECT_EQ(messages_.texts(), std::vector<std::string>{"算法文件名称不能为空！"});
+}
+
+TEST_F(VspParamTest, RelocatingMovesLineFilesInputsParamsAndThePathsOutputs) {
+  const std::string sep(1, std::filesystem::path::preferred_separator);
+  const std::string from = "/old" + sep + "raw.sgy", to = "/new" + sep + "raw.sgy";
+  auto lines = Make<IVspSegyLineData>("IVspSegyLineData");
+  ASSERT_TRUE(lines->SaveHodographs({{1, "L1", {1}, from, ""}, {2, "L2", {1}, from, ""}}));
+  ASSERT_TRUE(object_->SaveParams({Run("filter", from, from, "in=" + from + " gain=2", {2024, 4, 1, 0, 0, 0}),
+                                   Run("sum", from, "x", "q", {2024, 4, 2, 0, 0, 0})}));
+  sql_.clear();
+  ASSERT_TRUE(object_->RelocateProjectFiles(1, "pre", "/old", "/new", {"raw.sgy"}));
+  EXPECT_EQ(sql_.texts("ExecuteSQL").front(), "update vsp_hodograph set Segy_File = '" + to +
+                                                  "' where Vsp_ProjID = 1  and Segy_File = '" + from + "'");
+  VspHodographRecord line;
+  ASSERT_TRUE(lines->LoadHodograph(1, "L1", line));
+  EXPECT_EQ(line.Segy_file, to);
+  ASSERT_TRUE(lines->LoadHodograph(2, "L2", line));
+  EXPECT_EQ(line.Segy_file, from);  // another project's
+  std::string params;
+  ASSERT_TRUE(object_->GetLatestAlgoParams(1, "filter", params));
+  EXPECT_EQ(params, "in=" + to + " gain=2");
+  std::vector<std::string> outputs;
+  ASSERT_TRUE(object_->GetAlgoOutputs(1, "filter", outputs));
+  EXPECT_NE(std::find(outputs.begin(), outputs.end(), to), outputs.end());
+  ASSERT_TRUE(object_->GetAlgoOutputs(1, "sum", outputs));  // not in path "pre"
+  EXPECT_NE(std::find(outputs.begin(), outputs.end(), from), outputs.end());
+  EXPECT_FALSE(object_->RelocateProjectFiles(1, "pre", "/new", "/it's", {"raw.sgy"}));
+  ASSERT_TRUE(lines->LoadHodograph(1, "L1", line));
+  EXPECT_EQ(line.Segy_file, to);
+}
+
+using VspGeneralTest = ObjectTest<IVspGeneralData, "IVspGeneralData">;
+
+TEST_F(VspGeneralTest, SetsByTypeAndTheDeleteThatCannotRun) {
+  ASSERT_TRUE(object_->SaveGeneralSets({{1, "v1", 0, {1, 2, 3}}, {1, "g1", 1, {}}, {1, "v2", 0, {4}}}));
+  std::map<std::string, std::vector<double>> sets;
+  ASSERT_TRUE(object_->LoadGeneralSets(1, 0, sets));
+  EXPECT_EQ(sets, (std::map<std::string, std::vector<double>>{{"v1", {1, 2, 3}}, {"v2", {4}}}));
+  std::vector<double> data{9};
+  ASSERT_TRUE(object_->LoadGeneralSet(1, 1, "g1", data));
+  EXPECT_TRUE(data.empty());
+  EXPECT_TRUE(object_->IsGeneralSetExist(1, 0, "v2"));
+  std::vector<std::string> names;
+  ASSERT_TRUE(object_->GetGeneralNames(1, 0, names));
+  EXPECT_EQ(names.size(), 2u);
+  sql_.clear();
+  EXPECT_FALSE(object_->DeleteGeneralType(1, 0));
+  EXPECT_EQ(sql_.texts("ExecuteSQL"),
+            std::vector<std::string>{"delete from vsp_general_data where general_type = 0' and  Vsp_ProjID = 1"});
+  EXPECT_TRUE(object_->IsGeneralSetExist(1, 0, "v1"));
+  ASSERT_TRUE(object_->DeleteGeneralSet(1, 0, "v1"));
+  EXPECT_FALSE(object_->IsGeneralSetExist(1, 0, "v1"));
+  EXPECT_FALSE(object_->SaveGeneralSet({1, "", 0, {}}));
+  EXPECT_EQ(messages_.texts(), std::vector<std::string>{"VSP常用数据名称不能为空！"});
+}
+
+// Each front writes its own code and sees only its own rows.
+TEST_F(VspGeneralTest, FrontsFixTheirCodeAndMessages) {
+  auto velocity = Make<IVspVelData>("IVspVelData");
+  auto geophones = Make<IVspDeteData>("IVspDeteData");
+  ASSERT_TRUE(velocity->SaveGeneralSet({1, "model", 7, {1500, 2500}}));
+  ASSERT_TRUE(geophones->SaveGeneralSets({{1, "layout", 0, {10, 20}}}));
+  std::vector<std::string> names;
+  ASSERT_TRUE(object_->GetGeneralNames(1, 0, names));
+  EXPECT_EQ(names, std::vector<std::string>{"model"});
+  ASSERT_TRUE(geophones->GetGeneralNames(1, names));
+  EXPECT_EQ(names, std::vector<std::string>{"layout"});
+  EXPECT_FALSE(velocity->IsGeneralSetExist(1, "layout"));
+  std::vector<double> data;
+  ASSERT_TRUE(velocity->LoadGeneralSet(1, "model", data));
+  EXPECT_EQ(data, (std::vector<double>{1500, 2500}));
+  EXPECT_FALSE(velocity->SaveGeneralSet({1, "", 0, {}}));
+  EXPECT_FALSE(geophones->SaveGeneralSets({{1, "", 1, {}}}));
+  EXPECT_EQ(messages_.texts(), (std::vector<std::string>{"速度模型名称不能为空！", "检波器名称不能为空！"}));
+  EXPECT_FALSE(geophones->DeleteGeneralType(1));
+  ASSERT_TRUE(geophones->DeleteGeneralSet(1, "layout"));
+  EXPECT_FALSE(geophones->IsGeneralSetExist(1, "layout"));
+
+  auto curves = Make<IVspHodoGraphData>("IVspHodoGraphData");
+  auto segy = Make<IVspSegyLineData>("IVspSegyLineData");
+  ASSERT_TRUE(curves->SaveHodograph({1, "c", {1, 2}, "", "9"}));
+  ASSERT_TRUE(segy->SaveHodographs({{1, "s", {}, "a.sgy", ""}, {1, "c", {3}, "b.sgy", ""}}));
+  EXPECT_EQ(Query("select LineDataType from vsp_hodograph order by Segy_file"),
+            (std::vector<std::string>{"0", "2", "2"}));
+  std::vector<VspHodographRecord> lines;
+  sql_.clear();
+  ASSERT_TRUE(segy->LoadHodographs(1, lines));
+  EXPECT_EQ(sql_.texts().at(0),
+            "select Hg_name, Hg_data,Segy_file  from vsp_hodograph where Vsp_ProjID=1 and LineDataType='2' order by "
+            "Hg_name");
+  EXPECT_EQ(lines, (std::vector<VspHodographRecord>{{0, "c", {3}, "b.sgy", ""}, {0, "s", {}, "a.sgy", ""}}));
+  ASSERT_TRUE(curves->GetHodographNames(1, names));
+  EXPECT_EQ(names, std::vector<std::string>{"c"});
+  messages_.clear();
+  EXPECT_FALSE(curves->SaveHodograph({1, "", {}, "", ""}));
+  EXPECT_FALSE(segy->DeleteHodograph(1, ""));
+  EXPECT_EQ(messages_.texts(), (std::vector<std::string>{"初置名称不能为空！", "初置名称不能为空！"}));
+  ASSERT_TRUE(segy->DeleteHodographType(1));
+  EXPECT_FALSE(segy->IsHodographExist(1, "s"));
+  EXPECT_TRUE(curves->IsHodographExist(1, "c"));
+  ASSERT_TRUE(curves->DeleteHodograph(1, "c"));
+  EXPECT_FALSE(curves->LoadHodographs(1, lines));
+}
+
+}  // namespace
+}  // namespace petrodb::test

@@ -1,0 +1,367 @@
+// VSP time-depth runs, wavelets, perforation shots and the seismic-body outline.
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <cstring>
+#include <fstream>
+#include <limits>
+
+#include "TestSupport.h"
+#include "petrodb/project/IBasicWellData.h"
+#include "petrodb/seismic/IEarthShockBodyData.h"
+#include "petrodb/seismic/ISeismicVSPData.h"
+#include "petrodb/seismic/IShotData.h"
+#include "petrodb/seismic/IWaveletData.h"
+
+namespace petrodb::test {
+namespace {
+
+// Values that only survive a bit-exact round trip.
+std::vector<double> OddDoubles() {
+  return {std::bit_cast<double>(0x7ff8000000000123ULL), -0.0, std::numeric_limits<double>::denorm_min(),
+          std::numeric_limits<double>::max(), -std::numeric_limits<double>::infinity(), 0.1};
+}
+bool SameBits(const std::vector<double>& a, const std::vector<double>& b) {
+  return a.size() == b.size() && (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof(double)) == 0);
+}
+
+using VspRunTest = ObjectTest<ISeismicVSPData, "ISeismicVSPData">;
+
+TEST_F(VspRunTest, RunsAreNumberedAfterTheGreatestIDUnlessTheyCarryTheWellPrefix) {
+  WellVspRecord run{"W1", "X_7", OddDoubles(), {1.0, 2.0}};  // lengths differ: nothing checks them
+  sql_.clear();
+  ASSERT_TRUE(object_->SaveVsp(run));
+  EXPECT_EQ(run.VSPID, "W1_1");  // the empty table's max(ID) is NULL
+  EXPECT_EQ(sql_.texts("GetDataFromDB"),
+            (std::vector<std::string>{"select max(ID) as A from b_seismic_well_vsp", "b_seismic_well_vsp"}));
+  WellVspRecord second{"W1", "", {5}, {6}};
+  ASSERT_TRUE(object_->SaveVsp(second));
+  EXPECT_EQ(second.VSPID, "W1_2");
+  WellVspRecord kept{"W1", "W1_7", {7}, {8}};
+  sql_.clear();
+  ASSERT_TRUE(object_->SaveVsp(kept));
+  EXPECT_EQ(kept.VSPID, "W1_7");
+  EXPECT_EQ(sql_.texts("GetDataFromDB"), std::vector<std::string>{"b_seismic_well_vsp"});
+  ASSERT_TRUE(object_->SaveVsp(kept));  // no delete first: a second row with that identifier
+  EXPECT_EQ(Query("select count(*) from b_seismic_well_vsp where VSPID = 'W1_7'"), std::vector<std::string>{"2"});
+  WellVspRecord next{"W1", "", {}, {}};
+  ASSERT_TRUE(object_->SaveVsp(next));
+  EXPECT_EQ(next.VSPID, "W1_5");  // four rows numbered so far
+
+  WellVspRecord loaded;
+  loaded.VSPID = "untouched";
+  sql_.clear();
+  ASSERT_TRUE(object_->LoadVsp("W1_1", loaded));
+  EXPECT_EQ(sql_.texts().at(0), "select WellID, TVDSSDepth, TWTDepth from b_seismic_well_vsp where  VSPID = 'W1_1'");
+  EXPECT_EQ(loaded.WellID, "W1");
+  EXPECT_EQ(loaded.VSPID, "untouched");
+  EXPECT_TRUE(SameBits(loaded.TVDSSDepth, OddDoubles()));
+  EXPECT_EQ(loaded.TWTDepth, (std::vector<double>{1.0, 2.0}));
+  ASSERT_TRUE(object_->LoadVsp("W1_5", loaded));
+  EXPECT_TRUE(loaded.TVDSSDepth.empty() && loaded.TWTDepth.empty());
+  EXPECT_FALSE(object_->LoadVsp("W1_9", loaded));
+}
+
+TEST_F(VspRunTest, ListsLoadsAndDeletesByWell) {
+  for (const char* well : {"W2", "W1", "W2"}) {
+    WellVspRecord run{well, "", {1, 2}, {3, 4}};
+    ASSERT_TRUE(object_->SaveVsp(run));
+  }
+  std::vector<std::string> ids{"stale"};
+  sql_.clear();
+  ASSERT_TRUE(object_->GetWellVspIds("W2", ids));
+  EXPECT_EQ(sql_.texts().at(0), "select VSPID from b_seismic_well_vsp where WellID = 'W2'");
+  std::sort(ids.begin(), ids.end());
+  EXPECT_EQ(ids, (std::vector<std::string>{"W2_1", "W2_3"}));
+  ASSERT_TRUE(object_->GetAllVspIds(ids));
+  EXPECT_EQ(ids.size(), 3u);
+
+  std::vector<WellVspRecord> runs;
+  ASSERT_TRUE(object_->LoadWellVsp("W1", runs));
+  ASSERT_EQ(runs.size(), 1u);
+  EXPECT_EQ(runs[0], (WellVspRecord{"W1", "W1_2", {1, 2}, {3, 4}}));
+
+  std::map<std::string, std::vector<WellVspRecord>> all;
+  sql_.clear();
+  ASSERT_TRUE(object_->LoadAllVsp(all));
+  EXPECT_EQ(sql_.texts().at(0), "select * from b_seismic_well_vsp order by WellID,VSPID");
+  ASSERT_EQ(all.size(), 2u);
+  ASSERT_EQ(all["W2"].size(), 2u);
+  EXPECT_EQ(all["W2"][1].VSPID, "W2_3");
+
+  EXPECT_TRUE(object_->HasWellVsp("W1"));
+  sql_.clear();
+  EXPECT_TRUE(object_->DeleteVsp("W2", "W2_1"));
+  EXPECT_EQ(sql_.texts("ExecuteSQL"),
+            std::vector<std::string>{"delete from b_seismic_well_vsp where WellID = 'W2' and VSPID = 'W2_1'"});
+  EXPECT_TRUE(object_->DeleteWellVsp("W1"));
+  EXPECT_FALSE(object_->HasWellVsp("W1"));
+  EXPECT_FALSE(object_->LoadWellVsp("W1", runs));
+  EXPECT_TRUE(runs.empty());
+  ASSERT_TRUE(object_->GetAllVspIds(ids));
+  EXPECT_EQ(ids, std::vector<std::string>{"W2_3"});
+}
+
+// The project's wells with runs: the statement never closes its subquery.
+TEST_F(VspRunTest, ProjectWellsStatementCannotRun) {
+  Exec("insert into w_well_data (ProjectName, WellID) values ('P', 'W1')");
+  WellVspRecord run{"W1", "", {1}, {2}};
+  ASSERT_TRUE(object_->SaveVsp(run));
+  std::vector<std::string> wells{"stale"};
+  sql_.clear();
+  EXPECT_FALSE(object_->GetVspWells("P", wells));
+  EXPECT_TRUE(wells.empty());
+  EXPECT_EQ(sql_.texts().at(0),
+            "select w_well_data.wellid from w_well_data where w_well_data.ProjectName = 'P' and exists ( select "
+            "b_seismic_well_vsp.wellid from b_seismic_well_vsp where b_seismic_well_vsp.wellid = w_well_data.wellid "
+            "order by w_well_data.wellid");
+  EXPECT_EQ(sql_.events().at(0).result, 2);
+}
+
+TEST_F(VspRunTest, AMissingTableFailsSilentlyAndTheRunIsStillNamed) {
+  Exec("drop table b_seismic_well_vsp");
+  WellVspRecord run{"W1", "", {1}, {2}};
+  EXPECT_FALSE(object_->SaveVsp(run));
+  EXPECT_EQ(run.VSPID, "W1_1");  // the max query failed
+  EXPECT_FALSE(object_->HasWellVsp("W1"));
+  EXPECT_FALSE(object_->DeleteVsp("W1", "W1_1"));
+  EXPECT_FALSE(object_->DeleteWellVsp("W1"));
+  EXPECT_TRUE(messages_.messages().empty());
+}
+
+using WaveletTest = ObjectTest<IWaveletData, "IWaveletData">;
+
+WaveletRecord Wavelet(int project, const std::string& survey, const std::string& name, int type) {
+  return {project, survey, name, "d " + name, type, "p " + name, OddDoubles(), {1, -1}};
+}
+
+TEST_F(WaveletTest, OnlyTheSingleSaveKeepsParam) {
+  ASSERT_TRUE(object_->SaveWavelet(Wavelet(1, "S", "ricker", 2)));
+  ASSERT_TRUE(object_->SaveWavelets({Wavelet(1, "S", "zero", 3), Wavelet(1, "T", "min", 2)}));
+  ASSERT_TRUE(object_->SaveSurveyWavelets({Wavelet(2, "S", "other", 2)}));
+  std::vector<WaveletRecord> loaded;
+  ASSERT_TRUE(object_->LoadSurveyWavelets(1, "S", loaded));
+  ASSERT_EQ(loaded.size(), 2u);
+  std::sort(loaded.begin(), loaded.end(), [](auto& a, auto& b) { return a.WaveletName < b.WaveletName; });
+  EXPECT_EQ(loaded[0].Param, "p ricker");
+  EXPECT_EQ(loaded[1].Param, "");
+  EXPECT_TRUE(SameBits(loaded[0].Timexcoor, OddDoubles()));
+  WaveletRecord expected = Wavelet(1, "S", "zero", 3);
+  expected.Param.clear();
+  loaded[1].Timexcoor.clear();  // NaN never equals itself; the bits are checked above
+  expected.Timexcoor.clear();
+  EXPECT_EQ(loaded[1], expected);
+
+  // Loading one by its key reads its body only.
+  WaveletRecord one;
+  one.Param = "mine";
+  sql_.clear();
+  ASSERT_TRUE(object_->LoadWavelet(1, "S", "ricker", one));
+  EXPECT_EQ(sql_.texts().at(0),
+            "select * from s_wavelet_data where ProjectID = 1 and Survey_Name='S' and WaveletName='ricker' ");
+  EXPECT_EQ(one.Param, "mine");
+  EXPECT_EQ(one.WaveletName, "");
+  EXPECT_EQ(one.Description, "d ricker");
+  EXPECT_EQ(one.WaveletType, 2);
+}
+
+TEST_F(WaveletTest, NamesTypesListsAndDeletes) {
+  ASSERT_TRUE(object_->SaveWavelets(
+      {Wavelet(1, "S", "b", 2), Wavelet(1, "S", "a", 3), Wavelet(1, "T", "a", 2), Wavelet(2, "S", "c", 2)}));
+  std::vector<std::string> names;
+  ASSERT_TRUE(object_->GetWaveletNames(1, names));
+  EXPECT_EQ(names, (std::vector<std::string>{"a", "b"}));
+  sql_.clear();
+  ASSERT_TRUE(object_->GetSurveyWaveletNames(1, "T", names));
+  ASSERT_TRUE(object_->GetTypeWaveletNames(1, 2, names));
+  EXPECT_EQ(names, (std::vector<std::string>{"a", "b"}));
+  std::vector<WaveletRecord> loaded;
+  ASSERT_TRUE(object_->LoadTypeWavelets(1, 3, loaded));
+  ASSERT_TRUE(object_->LoadSurveyTypeWavelets(1, "S", 2, loaded));
+  EXPECT_EQ(loaded.size(), 1u);
+  EXPECT_EQ(sql_.texts(),
+            (std::vector<std::string>{
+                "select Distinct WaveletName from s_wavelet_data where ProjectID = 1 and  Survey_Name='T'order by "
+                "WaveletName",
+                "select Distinct WaveletName  from s_wavelet_data where  ProjectID = 1  and WaveletType=2 order by "
+                "WaveletName ",
+                "select * from s_wavelet_data where  WaveletType=3 and ProjectID =1",
+                "select * from s_wavelet_data where ProjectID=1 and  Survey_Name='S' and WaveletType=2 "}));
+  ASSERT_TRUE(object_->LoadProjectWavelets(2, loaded));
+  EXPECT_EQ(loaded.size(), 1u);
+  EXPECT_TRUE(object_->IsWaveletExist(1, "T", "a"));
+
+  std::vector<std::string> existing;
+  sql_.clear();
+  ASSERT_TRUE(object_->GetExistingWavelets(1, "S", {"a", "x", "b"}, existing));
+  EXPECT_EQ(sql_.texts().at(0),
+            "select WaveletName from s_wavelet_data where ProjectID = 1 and Survey_Name='S'and WaveletName in "
+            "('a','x','b')");
+  EXPECT_EQ(existing.size(), 2u);
+  ASSERT_TRUE(object_->DeleteWavelets(1, "S", {"a", "b"}));
+  EXPECT_FALSE(object_->IsWaveletExist(1, "S", "a"));
+  EXPECT_TRUE(object_->DeleteWavelet(1, "T", "a"));
+  EXPECT_EQ(sql_.texts("ExecuteSQL").back(),
+            "delete  from s_wavelet_data where ProjectID = 1 and Survey_Name='T' and WaveletName='a'");
+  EXPECT_FALSE(object_->LoadProjectWavelets(1, loaded));
+  EXPECT_TRUE(object_->DeleteSurveyWavelets(2, "S"));
+  EXPECT_TRUE(object_->DeleteProjectWavelets(2));
+  EXPECT_EQ(Query("select count(*) from s_wavelet_data"), std::vector<std::string>{"0"});
+  EXPECT_FALSE(object_->GetExistingWavelets(1, "S", {}, existing));  // "in ()" cannot run
+}
+
+using ShotTest = ObjectTest<IShotData, "IShotData">;
+
+ShotRecord Shot(double top, float rate) {
+  ShotRecord s;
+  s.ShotDate = "2021-3-4";
+  s.TopDepth = top;
+  s.BottomDepth = top + 3;
+  s.XH = 2;
+  s.LayerNum = 5;
+  s.Thickness = 3;
+  s.Method = "油管传输";
+  s.GunType = "102";
+  s.BulletType = "127";
+  s.Density = 16;
+  s.ShotRate = rate;
+  s.WJYMC = "w";
+  s.WJYMD = 1.1f;
+  s.JSXH = "j";
+  s.LayerType = "油层";
+  s.Description = "备注";
+  return s;
+}
+
+TEST_F(ShotTest, SavingAWellReplacesItsShotsAndLoadsThemInSinglePrecision) {
+  const float rate = 0.123456789f;
+  ASSERT_TRUE(object_->SaveWellShots("W1", {Shot(1000, rate), Shot(1010, 1.0f)}));
+  sql_.clear();
+  ASSERT_TRUE(object_->SaveWellShots("W1", {Shot(2000, rate)}));
+  EXPECT_EQ(sql_.texts("ExecuteSQL"), std::vector<std::string>{"delete from  w_shot_data where WellID='W1'"});
+  std::vector<ShotRecord> shots;
+  ASSERT_TRUE(object_->LoadWellShots("W1", shots));
+  ASSERT_EQ(shots.size(), 1u);
+  EXPECT_EQ(shots[0], Shot(2000, rate));  // WellID is not read
+  EXPECT_EQ(shots[0].ShotRate, rate);
+  EXPECT_TRUE(object_->HasWellShots("W1"));
+  ASSERT_TRUE(object_->SaveWellShots("W1", {}));
+  EXPECT_FALSE(object_->HasWellShots("W1"));
+  EXPECT_FALSE(object_->LoadWellShots("W1", shots));
+  EXPECT_TRUE(shots.empty());
+}
+
+TEST_F(ShotTest, ProjectsAndWellListsAndTheEmptyKeyMessages) {
+  Exec("insert into w_well_data (ProjectName, WellID) values ('P', 'W1')");
+  Exec("insert into w_well_data (ProjectName, WellID) values ('P', 'W2')");
+  Exec("insert into w_well_data (ProjectName, WellID) values ('Q', 'W3')");
+  ASSERT_TRUE(object_->SaveShots({{"W1", {Shot(1, 1)}}, {"W3", {Shot(2, 1), Shot(3, 1)}}}));
+  ASSERT_TRUE(object_->SaveShots({{"W1", {Shot(4, 1)}}}));  // appends
+  std::map<std::string, std::vector<ShotRecord>> byWell;
+  sql_.clear();
+  ASSERT_TRUE(object_->LoadProjectShots("P", byWell));
+  EXPECT_EQ(sql_.texts().at(0),
+            "select w_well_data.wellid from w_well_data where w_well_data.ProjectName = 'P' and exists( select "
+            "w_shot_data.wellid from w_shot_data where w_well_data.wellid = w_shot_data.wellid )  order by "
+            "w_well_data.wellid ");
+  ASSERT_EQ(byWell.size(), 1u);
+  EXPECT_EQ(byWell["W1"].size(), 2u);
+  std::vector<std::string> found;
+  ASSERT_TRUE(object_->GetWellsWithShots({"W2", "W3"}, found));
+  EXPECT_EQ(found, (std::vector<std::string>{"W3", "W3"}));
+
+  EXPECT_FALSE(object_->SaveWellShots("", {Shot(1, 1)}));
+  EXPECT_FALSE(object_->DeleteWellShots(""));
+  EXPECT_FALSE(object_->HasWellShots(""));
+  EXPECT_FALSE(object_->DeleteProjectShots(""));
+  EXPECT_EQ(messages_.texts(), (std::vector<std::string>{"井名称不能为空！", "井名称不能为空！", "井名称不能为空！",
+                                                         "工区名称不能为空！"}));
+  sql_.clear();
+  ASSERT_TRUE(object_->DeleteProjectShots("P"));
+  EXPECT_EQ(sql_.texts("ExecuteSQL"),
+            std::vector<std::string>{"delete from w_shot_data where exists( select * from w_well_data where "
+                                     "w_well_data.wellid = w_shot_data.wellid and  w_well_data.ProjectName = 'P' )"});
+  EXPECT_FALSE(object_->HasWellShots("W1"));
+  ASSERT_TRUE(object_->DeleteWellsShots({"W3"}));
+  EXPECT_EQ(Query("select count(*) from w_shot_data"), std::vector<std::string>{"0"});
+}
+
+using ShockBodyTest = ObjectTest<IEarthShockBodyData, "IEarthShockBodyData">;
+
+TEST_F(ShockBodyTest, PointsAppendUntilClearedAndPassThroughSinglePrecision) {
+  const double precise = 4321987.654321;
+  const ShockBodyPoint p{100, 2001, static_cast<float>(precise), -0.5f};
+  ASSERT_TRUE(object_->SaveShockBody({p}));
+  ASSERT_TRUE(object_->SaveShockBody({{101, 2002, 1.5f, 2.5f}}));
+  std::vector<ShockBodyPoint> points;
+  ASSERT_TRUE(object_->LoadShockBody(points));
+  ASSERT_EQ(points.size(), 2u);
+  EXPECT_EQ(points[0], p);
+  EXPECT_EQ(static_cast<double>(points[0].X), static_cast<double>(static_cast<float>(precise)));
+  EXPECT_NE(static_cast<double>(points[0].X), precise);
+  sql_.clear();
+  ASSERT_TRUE(object_->ClearShockBody());
+  EXPECT_EQ(sql_.texts("ExecuteSQL"), std::vector<std::string>{"delete from b_earthshockbody_data"});
+  EXPECT_FALSE(object_->LoadShockBody(points));
+  EXPECT_TRUE(points.empty());
+  Exec("drop table b_earthshockbody_data");
+  EXPECT_FALSE(object_->SaveShockBody({p}));
+  EXPECT_FALSE(object_->ClearShockBody());
+}
+
+// The host: checkshots from CSV and LAS become VSP runs.
+class VspImportTest : public ProjectTest {
+ protected:
+  void SetUp() override {
+    ProjectTest::SetUp();
+    if (onServer()) GTEST_SKIP() << "the host commands open project files";
+    WellRecord well;
+    well.WellID = "W1";
+    well.WellName = "W1";
+    well.Kb = 30;
+    ASSERT_TRUE(Make<IBasicWellData>("IBasicWellData")->ReplaceWell("P", well));
+  }
+  std::string Write(const char* name, const std::string& text) {
+    const std::string path = (dir_ / name).string();
+    std::ofstream(path, std::ios::binary) << text;
+    return path;
+  }
+  WellVspRecord Stored(const char* id) {
+    WellVspRecord run;
+    auto vsp = Make<ISeismicVSPData>("ISeismicVSPData");
+    EXPECT_TRUE(vsp->LoadVsp(id, run));
+    return run;
+  }
+};
+
+TEST_F(VspImportTest, CsvAndLasCheckshotsBecomeRuns) {
+  // Measured depth below a 30 m kelly bushing of a well without survey: TVDSS = MD - 30.
+  CliRun run = RunPetrodb("vsp import " + file_ + " W1 " + Write("md.csv", "MD,TWT\n1000,800.5\n1500,1100\n"));
+  ASSERT_EQ(run.code, 0) << run.output;
+  EXPECT_NE(run.output.find("W1_1"), std::string::npos) << run.output;
+  EXPECT_EQ(Stored("W1_1"), (WellVspRecord{"W1", "", {970, 1470}, {800.5, 1100}}));
+  run = RunPetrodb("vsp import " + file_ + " W1 " + Write("tvdss.csv", "twt,TVDSS\n700,900\n"));
+  ASSERT_EQ(run.code, 0) << run.output;
+  EXPECT_EQ(Stored("W1_2").TVDSSDepth, std::vector<double>{900});
+  const std::string las = Write("shot.las",
+                                "~V\n VERS. 2.0 :\n~W\n NULL. -999.25 :\n~C\n DEPT.M :\n TWT.MS :\n"
+                                "~A\n1000 800\n1100 -999.25\n1200 950\n");
+  run = RunPetrodb("las import " + file_ + " W1 " + las + " --checkshot");
+  ASSERT_EQ(run.code, 0) << run.output;
+  EXPECT_EQ(Stored("W1_3"), (WellVspRecord{"W1", "", {970, 1170}, {800, 950}}));
+}
+
+TEST_F(VspImportTest, BadInputWritesNothing) {
+  const std::string good = Write("ok.csv", "MD,TWT\n1000,800\n");
+  EXPECT_EQ(RunPetrodb("vsp import " + file_ + " W9 " + good).code, 1);  // unknown well
+  EXPECT_EQ(RunPetrodb("vsp import " + file_ + " W1 " + Write("a.csv", "MD,TWT\n1000,x\n")).code, 1);
+  EXPECT_EQ(RunPetrodb("vsp import " + file_ + " W1 " + Write("b.csv", "MD,TVDSS,TWT\n1,2,3\n")).code, 1);
+  EXPECT_EQ(RunPetrodb("vsp import " + file_ + " W1 " + Write("c.csv", "MD,TWT\n")).code, 1);
+  const std::string noTime = Write("d.las", "~V\n VERS. 2.0 :\n~C\n DEPT.M :\n GR.API :\n~A\n1 2\n");
+  EXPECT_EQ(RunPetrodb("las import " + file_ + " W1 " + noTime + " --checkshot").code, 1);
+  EXPECT_EQ(RunPetrodb("vsp import " + file_ + " W1").code, 2);
+  EXPECT_EQ(Query("select count(*) from b_seismic_well_vsp"), std::vector<std::string>{"0"});
+}
+
+}  // namespace
+}  // namespace petrodb::test
