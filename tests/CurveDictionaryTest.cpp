@@ -1,4 +1,6 @@
 // The curve dictionary, curve aliases and image aliases.
+#include <tuple>
+
 #include "TestSupport.h"
 #include "petrodb/welllog/IAliasData.h"
 #include "petrodb/welllog/ICurveDictionary.h"
@@ -16,7 +18,11 @@ class CurveDictionaryTest : public ProjectTest {
     images_ = Make<IAliasData>("IAliasData");
     ASSERT_TRUE(dictionary_ && aliases_ && images_);
   }
-  static CurveTemplate Gr() { return {"GR", "自然伽马", "API", 0, 150, 1, 0x00ff00, 1.5, 0}; }
+  static CurveTemplate Gr() { return {"GR", "自然伽马", "API", 0, 150, 1, 0x00ff00, 1.5, 2}; }
+  static auto Tie(const CurveTemplate& t) {
+    return std::tie(t.CurveName, t.DisplayName, t.CurveUnit, t.LeftValue, t.RightValue, t.CurveType, t.Color,
+                    t.CurveWidth, t.CoorType);
+  }
   std::unique_ptr<ICurveDictionary> dictionary_;
   std::unique_ptr<ICurvealiasData> aliases_;
   std::unique_ptr<IAliasData> images_;
@@ -43,13 +49,8 @@ TEST_F(CurveDictionaryTest, TemplatesAreFoundByNameOrAlias) {
   ASSERT_TRUE(found);
   ASSERT_TRUE(dictionary_->LoadTemplateByAlias("GR", byName));
   EXPECT_FALSE(dictionary_->LoadTemplateByAlias("SPONT", plain));  // SP has no template
-  for (const auto* t : {&byAlias, &byName}) {
-    EXPECT_EQ(t->CurveName, "GR");
-    EXPECT_EQ(t->DisplayName, "自然伽马");
-    EXPECT_EQ(t->RightValue, 150);
-    EXPECT_EQ(t->Color, 0x00ff00);
-    EXPECT_EQ(t->CurveWidth, 1.5);
-  }
+  EXPECT_EQ(Tie(byAlias), Tie(Gr()));
+  EXPECT_EQ(Tie(byName), Tie(Gr()));
 }
 
 TEST_F(CurveDictionaryTest, AliasesAreReplacedWhole) {
@@ -57,8 +58,7 @@ TEST_F(CurveDictionaryTest, AliasesAreReplacedWhole) {
   CurveTemplate plain;
   ASSERT_TRUE(dictionary_->SaveTemplate(Gr()));
   ASSERT_TRUE(dictionary_->LoadTemplate("GR", plain));
-  EXPECT_EQ(plain.DisplayName, "自然伽马");
-  EXPECT_EQ(plain.CoorType, 0);
+  EXPECT_EQ(Tie(plain), Tie(Gr()));
   std::vector<std::string> aliases;
   ASSERT_TRUE(aliases_->GetAliasesOfCurve("GR", aliases));
   EXPECT_EQ(aliases.size(), 2u);

@@ -158,7 +158,7 @@ TEST_F(FaultTest, AKillDuringACurveReplaceLeavesAWholeGeneration) {
 TEST_F(FaultTest, AFullDiskFailsTheReplaceAndKeepsTheOldRecord) {
   PETRODB_SKIP_ON_SERVER();
   PETRODB_SKIP_UNLESS_ROOT();
-  SmallDisk disk(dir_ / "small", "12m");
+  SmallDisk disk(dir_ / "small", "64m");
   if (!disk.Mounted()) GTEST_SKIP() << "cannot mount a tmpfs: " << disk.Reason();
   const fs::path file = dir_ / "small" / "P.mdb";
   fs::copy_file(TemplateFile(), file);
@@ -203,7 +203,7 @@ TEST_F(FaultTest, AFullDiskFailsTheReplaceAndKeepsTheOldRecord) {
 TEST_F(FaultTest, AProjectOnReadOnlyMediaIsReadButNotWritten) {
   PETRODB_SKIP_ON_SERVER();
   PETRODB_SKIP_UNLESS_ROOT();
-  SmallDisk disk(dir_ / "ro", "12m");
+  SmallDisk disk(dir_ / "ro", "64m");
   if (!disk.Mounted()) GTEST_SKIP() << "cannot mount a tmpfs: " << disk.Reason();
   const fs::path file = dir_ / "ro" / "P.mdb";
   fs::copy_file(TemplateFile(), file);
@@ -270,6 +270,7 @@ TEST_F(FaultTest, FilesThatAreNoProjectAreRefusedAndLeftAsTheyAre) {
     EXPECT_NE(LastError().find("not a project file: " + file.string()), std::string::npos) << LastError();
     EXPECT_EQ(db.GetDataFromDB("select * from w_well_data"), kFailed);
     EXPECT_FALSE(db.ExecuteSQL("create table t (k text)"));
+    EXPECT_FALSE(db.BeginSaveData("w_well_data"));
     EXPECT_EQ(fs::file_size(file), size);
     EXPECT_FALSE(fs::exists(file.string() + "-wal"));
     EXPECT_FALSE(fs::exists(file.string() + "-journal"));

@@ -17,8 +17,9 @@
 namespace petrodb::test {
 namespace {
 
-// What the suite needs to know of one catalogue: its operations, its texts and
-// a record maker. Operations a catalogue does not have are null.
+// What the suite needs to know of one catalogue: its operations, its table and
+// key column (the statements name them alike in every catalogue), the texts
+// that differ, and a record maker. Operations a catalogue does not have are null.
 struct TeeCase {
   static constexpr bool kOrdered = true;
   using I = ITee;
@@ -26,10 +27,6 @@ struct TeeCase {
   static constexpr const char* kInterface = "ITee";
   static constexpr const char* kTable = "b_tee";
   static constexpr const char* kKey = "TeeModel";
-  static constexpr const char* kLoadText = "select * from b_tee where TeeModel = '";
-  static constexpr const char* kLoadAllText = "select * from b_tee order by TeeModel";
-  static constexpr const char* kListText = nullptr;
-  static constexpr const char* kDeleteText = "delete from b_tee where TeeModel = '";
   static constexpr const char* kDeleteAllText = "delete * from b_tee";
   static constexpr const char* kEmptyKey = "三通型号不能为空！";
   static constexpr const char* kTableMissing = "三通基本数据表为空！";
@@ -52,10 +49,6 @@ struct ValveCase {
   static constexpr const char* kInterface = "IValve";
   static constexpr const char* kTable = "b_valve";
   static constexpr const char* kKey = "ValveModel";
-  static constexpr const char* kLoadText = "select * from b_valve where ValveModel = '";
-  static constexpr const char* kLoadAllText = "select * from b_valve order by ValveModel";
-  static constexpr const char* kListText = "select ValveModel from b_valve order by ValveModel";
-  static constexpr const char* kDeleteText = "delete from b_valve where ValveModel = '";
   static constexpr const char* kDeleteAllText = "delete * from b_valve";
   static constexpr const char* kEmptyKey = "阀门型号不能为空！";
   static constexpr const char* kTableMissing = "阀门基本数据表为空！";
@@ -78,10 +71,6 @@ struct FlowMeterCase {
   static constexpr const char* kInterface = "IFlowMeter";
   static constexpr const char* kTable = "b_flow_meter";
   static constexpr const char* kKey = "FMModel";
-  static constexpr const char* kLoadText = "select * from b_flow_meter where FMModel = '";
-  static constexpr const char* kLoadAllText = "select * from b_flow_meter order by FMModel";
-  static constexpr const char* kListText = "select FMModel from b_flow_meter order by FMModel";
-  static constexpr const char* kDeleteText = "delete from b_flow_meter where FMModel = '";
   static constexpr const char* kDeleteAllText = "delete * from b_flow_meter";
   static constexpr const char* kEmptyKey = "流量计型号不能为空！";
   static constexpr const char* kTableMissing = "流量计基本数据表为空！";
@@ -104,10 +93,6 @@ struct PressureGageCase {
   static constexpr const char* kInterface = "IPressureGage";
   static constexpr const char* kTable = "b_pressure_gage";
   static constexpr const char* kKey = "PGModel";
-  static constexpr const char* kLoadText = "select * from b_pressure_gage where PGModel = '";
-  static constexpr const char* kLoadAllText = "select * from b_pressure_gage order by PGModel";
-  static constexpr const char* kListText = "select PGModel from b_pressure_gage order by PGModel";
-  static constexpr const char* kDeleteText = "delete from b_pressure_gage where PGModel = '";
   static constexpr const char* kDeleteAllText = "delete * from b_pressure_gage";
   static constexpr const char* kEmptyKey = "压力表型号不能为空！";
   static constexpr const char* kTableMissing = "压力表基本数据表为空！";
@@ -130,10 +115,6 @@ struct RodPumpCase {
   static constexpr const char* kInterface = "IRodPump";
   static constexpr const char* kTable = "b_rod_pump";
   static constexpr const char* kKey = "PumpModel";
-  static constexpr const char* kLoadText = "select * from b_rod_pump where PumpModel = '";
-  static constexpr const char* kLoadAllText = "select * from b_rod_pump";
-  static constexpr const char* kListText = "select PumpModel from b_rod_pump order by PumpModel";
-  static constexpr const char* kDeleteText = "delete from b_rod_pump where PumpModel = '";
   static constexpr const char* kDeleteAllText = "delete * from b_rod_pump";
   static constexpr const char* kEmptyKey = "泵型号不能为空！";
   static constexpr const char* kTableMissing = "柱塞泵基本数据表为空！";
@@ -158,10 +139,6 @@ struct AcentricPumpCase {
   static constexpr const char* kInterface = "IAcentricPump";
   static constexpr const char* kTable = "b_acentric_pump";
   static constexpr const char* kKey = "PumpModel";
-  static constexpr const char* kLoadText = "select * from b_acentric_pump where PumpModel = '";
-  static constexpr const char* kLoadAllText = "select * from b_acentric_pump order by PumpModel";
-  static constexpr const char* kListText = "select PumpModel from b_acentric_pump order by PumpModel";
-  static constexpr const char* kDeleteText = "delete from b_acentric_pump where PumpModel = '";
   static constexpr const char* kDeleteAllText = "delete  * from b_acentric_pump";
   static constexpr const char* kEmptyKey = "泵型号不能为空！";
   static constexpr const char* kTableMissing = "离心泵基本数据表为空！";
@@ -184,10 +161,6 @@ struct MotorCase {
   static constexpr const char* kInterface = "IMotor";
   static constexpr const char* kTable = "b_motor";
   static constexpr const char* kKey = "MotorModel";
-  static constexpr const char* kLoadText = "select * from b_motor where MotorModel = '";
-  static constexpr const char* kLoadAllText = "select * from b_motor order by MotorModel";
-  static constexpr const char* kListText = nullptr;
-  static constexpr const char* kDeleteText = "delete from b_motor where MotorModel = '";
   static constexpr const char* kDeleteAllText = "delete * from b_motor";
   static constexpr const char* kEmptyKey = "电机型号不能为空！";
   static constexpr const char* kTableMissing = "电机基本数据表为空！";
@@ -223,6 +196,13 @@ class CatalogueSuite : public ProjectTest {
   bool Exists(const char* key) { return (object_.get()->*C::exists)(key); }
   bool Remove(const char* key) { return (object_.get()->*C::remove)(key); }
   bool RemoveAll() { return (object_.get()->*C::removeAll)(); }
+  // "select * from <table> where <key> = '<value>'" and the like.
+  static std::string Text(const std::string& head, const std::string& tail) {
+    return head + C::kTable + tail;
+  }
+  static std::string Where(const std::string& head, const std::string& value) {
+    return Text(head, std::string(" where ") + C::kKey + " = '" + value + "'");
+  }
   std::vector<std::string> Keys() { return Query(std::string("select ") + C::kKey + " from " + C::kTable + " order by " + C::kKey); }
   // Only the message texts, with the call and caption each must have used.
   void ExpectErrorMessages(const std::vector<std::string>& texts) {
@@ -246,7 +226,8 @@ TYPED_TEST(CatalogueSuite, RowsComeBackWholeAndInOrder) {
   this->sql_.clear();
   std::vector<typename C::R> all{C::Make("stale", 0)};
   ASSERT_TRUE(this->LoadAll(all));
-  EXPECT_EQ(this->sql_.texts(), std::vector<std::string>{C::kLoadAllText});
+  EXPECT_EQ(this->sql_.texts(),
+            std::vector<std::string>{this->Text("select * from ", C::kOrdered ? std::string(" order by ") + C::kKey : "")});
   ASSERT_EQ(all.size(), 3u);
   // Unordered loads give the rows as they were written.
   EXPECT_EQ(C::Tie(all[0]), C::Tie(C::kOrdered ? a : b));
@@ -257,7 +238,7 @@ TYPED_TEST(CatalogueSuite, RowsComeBackWholeAndInOrder) {
   this->sql_.clear();
   ASSERT_TRUE(this->Load("B-2", one));
   EXPECT_EQ(C::Tie(one), C::Tie(b));
-  EXPECT_EQ(this->sql_.texts(), std::vector<std::string>{std::string(C::kLoadText) + "B-2'"});
+  EXPECT_EQ(this->sql_.texts(), std::vector<std::string>{this->Where("select * from ", "B-2")});
   EXPECT_FALSE(this->Load("Z", one));
   EXPECT_TRUE(this->Exists("C-3"));
   EXPECT_FALSE(this->Exists("c-"));
@@ -266,7 +247,8 @@ TYPED_TEST(CatalogueSuite, RowsComeBackWholeAndInOrder) {
     this->sql_.clear();
     ASSERT_TRUE((this->object_.get()->*C::list)(keys));
     EXPECT_EQ(keys, (std::vector<std::string>{"A-1", "B-2", "C-3"}));
-    EXPECT_EQ(this->sql_.texts(), std::vector<std::string>{C::kListText});
+    EXPECT_EQ(this->sql_.texts(), std::vector<std::string>{this->Text(std::string("select ") + C::kKey + " from ",
+                                                                        std::string(" order by ") + C::kKey)});
   }
   EXPECT_TRUE(this->messages_.messages().empty());
 }
@@ -277,7 +259,7 @@ TYPED_TEST(CatalogueSuite, SavingAModelReplacesItsRowOnly) {
   this->sql_.clear();
   ASSERT_TRUE(this->Save(C::Make("A", 3)));
   EXPECT_EQ(this->sql_.texts("GetDataFromDB"), std::vector<std::string>{C::kTable});
-  EXPECT_EQ(this->sql_.texts("ExecuteSQL"), std::vector<std::string>{std::string(C::kDeleteText) + "A'"});
+  EXPECT_EQ(this->sql_.texts("ExecuteSQL"), std::vector<std::string>{this->Where("delete from ", "A")});
   EXPECT_EQ(this->sql_.texts("SaveData").size(), 1u);
   EXPECT_EQ(this->Keys(), (std::vector<std::string>{"A", "B"}));
   typename C::R a;
@@ -326,7 +308,7 @@ TYPED_TEST(CatalogueSuite, DeletesByModelAndWhole) {
   this->sql_.clear();
   EXPECT_TRUE(this->Remove("B"));
   EXPECT_TRUE(this->Remove("no such model"));
-  EXPECT_EQ(this->sql_.texts("ExecuteSQL")[0], std::string(C::kDeleteText) + "B'");
+  EXPECT_EQ(this->sql_.texts("ExecuteSQL")[0], this->Where("delete from ", "B"));
   EXPECT_EQ(this->Keys(), (std::vector<std::string>{"A", "C"}));
   this->sql_.clear();
   // The Access form of the delete-all runs on project files only; a server refuses it.

@@ -54,23 +54,9 @@ class NetworkCommandsTest : public ProjectTest {
     auto networks = Make<IPipenet>("IPipenet");
     auto nodes = Make<INode>("INode");
     auto pipes = Make<IPipe>("IPipe");
-    PipenetRecord west;
-    west.PipenetName = "西区";
-    west.UnitName = "一厂";
-    west.Creator = "张三";
-    west.PipenetType = "注水";
-    west.Xmax = 1000.5;
-    west.Ymin = -20;
-    west.Ymax = 500;
-    west.LeftMargin = 10;
-    west.TopMargin = 20;
-    west.Ratio = 1.5;
-    west.SubNum = 3;
-    west.StationbreachNum = 1;
-    PipenetRecord east;
-    east.PipenetName = "东区";
-    east.UnitName = "二厂";
-    east.Creator = "李四";
+    // name, unit, date, creator, memo, left and top margin, ratio, X and Y extent, sub-items, stations, type
+    const PipenetRecord west{"西区", "一厂", "", "张三", "", 10, 20, 1.5, 0, 1000.5, -20, 500, 3, 1, "注水"};
+    const PipenetRecord east{"东区", "二厂", "", "李四", "", 0, 0, 0, 0, 0, 0, 0, 0, 0, ""};
     ASSERT_TRUE(networks->SavePipenet(west));
     ASSERT_TRUE(networks->SavePipenet(east));
     ASSERT_TRUE(nodes->SaveNodes("西区", {Node("站1", 0, "-1"), Node("间1", 1, "站1"), Node("井1", 2, "间1"),

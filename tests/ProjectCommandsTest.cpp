@@ -9,7 +9,6 @@
 #include "TestSupport.h"
 #include "dbaccess/Pool.h"
 
-
 namespace petrodb::test {
 namespace {
 
@@ -156,6 +155,10 @@ TEST_F(ProjectCommandsTest, DemoRunsEveryStep) {
   ASSERT_EQ(demo.code, 0) << demo.output;
   EXPECT_NE(demo.output.find("== projects =="), std::string::npos);
   EXPECT_NE(demo.output.find("demo finished"), std::string::npos);
+  // Groups take the wells their policy names.
+  EXPECT_NE(demo.output.find("  D-1 wells (by ID)      North 1, South 2\n"), std::string::npos) << demo.output;
+  EXPECT_NE(demo.output.find("  North wells (by name)  North 1, North 3\n"), std::string::npos);
+  EXPECT_NE(demo.output.find("  Hand-picked            X-7\n"), std::string::npos);
   // A second run in the same directory starts over.
   EXPECT_EQ(Petrodb("demo " + dir_.string()).code, 0);
 }

@@ -6,7 +6,9 @@
 #include <limits>
 #include <atomic>
 #include <filesystem>
+#include <functional>
 #include <thread>
+#include <tuple>
 
 #include "TestSupport.h"
 #include "dbaccess/DbManage.h"
@@ -31,6 +33,19 @@ class SessionTest : public ProjectTest {
     db.SetFieldValue("n", n);
     db.SetFieldValue("i", i);
     ASSERT_TRUE(db.SaveData());
+  }
+  // The lines the trace file gets while `run` runs.
+  std::vector<std::string> TraceFileOf(const std::function<void()>& run) {
+    const std::string path = (dir_ / "trace.jsonl").string();
+    setenv("PETRODB_SQL_TRACE", path.c_str(), 1);
+    db::ReloadTraceEnvironment();  // the variable is otherwise read once per process
+    run();
+    unsetenv("PETRODB_SQL_TRACE");
+    db::ReloadTraceEnvironment();
+    std::ifstream in(path);
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(in, line);) lines.push_back(line);
+    return lines;
   }
   std::vector<double> RoundTrip(const std::vector<double>& values) {
     {
@@ -258,43 +273,29 @@ TEST_F(SessionTest, TraceShowsEveryStatementWithItsResult) {
   db.GetDataFromDB("select * from nothing_here");
   const auto& e = sql_.events();
   ASSERT_EQ(e.size(), 4u);
-  EXPECT_EQ(e[0].text, "t_session");
-  EXPECT_EQ(e[0].sent, "select * from t_session");
-  EXPECT_EQ(e[0].call, "GetDataFromDB");
-  EXPECT_EQ(e[0].result, 1);
-  EXPECT_EQ(e[1].text, "delete from t_session where k = 'x'");
-  EXPECT_EQ(e[1].sent, "");
-  EXPECT_EQ(e[1].call, "ExecuteSQL");
-  EXPECT_EQ(e[1].result, 1);
-  EXPECT_EQ(e[2].text, "insert into t_session (k, i) values (?, ?)");
-  EXPECT_EQ(e[2].call, "SaveData");
-  EXPECT_EQ(e[2].result, 1);
+  auto event = [&](std::size_t i) { return std::tie(e[i].text, e[i].sent, e[i].call, e[i].result); };
+  EXPECT_EQ(event(0), std::make_tuple("t_session", "select * from t_session", "GetDataFromDB", 1));
+  EXPECT_EQ(event(1), std::make_tuple("delete from t_session where k = 'x'", "", "ExecuteSQL", 1));
+  EXPECT_EQ(std::tie(e[2].text, e[2].call, e[2].result),
+            std::make_tuple("insert into t_session (k, i) values (?, ?)", "SaveData", 1));
   EXPECT_EQ(e[3].result, 2);
   EXPECT_GE(e[3].ms, 0.0);
 }
 
 TEST_F(SessionTest, TraceFileGetsOneJsonObjectPerStatement) {
-  const std::string path = (dir_ / "trace.jsonl").string();
-  setenv("PETRODB_SQL_TRACE", path.c_str(), 1);
-  db::ReloadTraceEnvironment();  // the variable is otherwise read once per process
-  {
+  const auto lines = TraceFileOf([&] {
     CDbManage db(connection_.c_str());
     db.ExecuteSQL("delete from t_session where k = 'say \"hi\"'");
     db.GetDataFromDB("select * from missing_table");
-  }
-  unsetenv("PETRODB_SQL_TRACE");
-  db::ReloadTraceEnvironment();
-  std::ifstream in(path);
-  std::string first, second;
-  std::getline(in, first);
-  std::getline(in, second);
-  EXPECT_EQ(first.rfind(
+  });
+  ASSERT_EQ(lines.size(), 2u);
+  EXPECT_EQ(lines[0].rfind(
                 "{\"text\": \"delete from t_session where k = 'say \\\"hi\\\"'\", \"call\": \"ExecuteSQL\", "
                 "\"result\": true, \"ms\": ",
                 0),
             0u)
-      << first;
-  EXPECT_NE(second.find("\"call\": \"GetDataFromDB\", \"result\": 2"), std::string::npos) << second;
+      << lines[0];
+  EXPECT_NE(lines[1].find("\"call\": \"GetDataFromDB\", \"result\": 2"), std::string::npos) << lines[1];
 }
 
 TEST_F(SessionTest, TheNextSessionReusesThePooledConnection) {
@@ -327,28 +328,19 @@ TEST_F(SessionTest, AWriterIsNotBlockedByAnOpenRead) {
 }
 
 TEST_F(SessionTest, AFailedCallTellsTheEnginesReasonInTheTraceAndLastError) {
-  const std::string path = (dir_ / "errors.jsonl").string();
-  setenv("PETRODB_SQL_TRACE", path.c_str(), 1);
-  db::ReloadTraceEnvironment();
-  {
+  const auto lines = TraceFileOf([&] {
     CDbManage db(connection_.c_str());
     EXPECT_EQ(db.GetDataFromDB("select * from no_such_table_here"), kFailed);
     EXPECT_NE(LastError().find("no_such_table_here"), std::string::npos) << LastError();
     EXPECT_TRUE(db.ExecuteSQL("delete from t_session"));
-  }
-  unsetenv("PETRODB_SQL_TRACE");
-  db::ReloadTraceEnvironment();
+  });
   const auto& e = sql_.events();
   ASSERT_EQ(e.size(), 2u);
   EXPECT_NE(e[0].error.find("no_such_table_here"), std::string::npos) << e[0].error;
   EXPECT_EQ(e[1].error, "");
-  std::ifstream in(path);
-  std::string failed, succeeded;
-  std::getline(in, failed);
-  std::getline(in, succeeded);
-  EXPECT_NE(failed.find(", \"error\": \""), std::string::npos) << failed;
-  EXPECT_NE(failed.find("no_such_table_here", failed.find("\"error\"")), std::string::npos) << failed;
-  EXPECT_EQ(succeeded.find("\"error\""), std::string::npos) << succeeded;
+  ASSERT_EQ(lines.size(), 2u);
+  EXPECT_NE(lines[0].find("no_such_table_here", lines[0].find(", \"error\": \"")), std::string::npos) << lines[0];
+  EXPECT_EQ(lines[1].find("\"error\""), std::string::npos) << lines[1];
 }
 
 TEST_F(SessionTest, TheSaveTraceShowsTheStatementTheEngineRan) {

@@ -34,15 +34,6 @@ TEST_F(SqliteFileTest, AMissingFileIsNotCreated) {
   EXPECT_FALSE(fs::exists(file));
 }
 
-TEST_F(SqliteFileTest, ACorruptFileFailsEveryCall) {
-  const fs::path file = dir_ / "corrupt.mdb";
-  std::ofstream(file) << std::string(8192, 'x');
-  CDbManage db(Jet(file).c_str());
-  EXPECT_EQ(db.GetDataFromDB("select * from b_project_data"), kFailed);
-  EXPECT_FALSE(db.BeginSaveData("b_project_data"));
-  EXPECT_FALSE(db.SaveData());
-}
-
 TEST_F(SqliteFileTest, AReadOnlyFileReadsButRefusesWrites) {
   const fs::path file = dir_ / "ro.mdb";
   fs::copy_file(TemplateFile(), file);

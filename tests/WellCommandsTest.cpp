@@ -5,6 +5,7 @@
 
 #include "TestSupport.h"
 #include "dbaccess/Pool.h"
+#include "petrodb/project/IBasicProjectData.h"
 #include "petrodb/project/IBasicWellData.h"
 #include "petrodb/project/IWellGroupData.h"
 
@@ -16,9 +17,14 @@ using Texts = std::vector<std::string>;
 
 class WellCommandsTest : public ProjectTest {
  protected:
+  void SetUp() override {
+    ProjectTest::SetUp();
+    if (!jet()) GTEST_SKIP() << "the host commands open project files";
+    ProjectRecord project{};
+    project.ProjectName = "P1";
+    ASSERT_TRUE(Make<IBasicProjectData>("IBasicProjectData")->SaveProject(project));
+  }
   CliRun Petrodb(const std::string& arguments) { return RunPetrodb(arguments); }
-  // The host commands open project files; on a server run there is none.
-  bool NoProjectFile() const { return !jet(); }
   std::string Csv(const std::string& name, const std::string& text) {
     const std::string path = (dir_ / name).string();
     std::ofstream(path, std::ios::binary) << text;
@@ -27,7 +33,6 @@ class WellCommandsTest : public ProjectTest {
 };
 
 TEST_F(WellCommandsTest, WellsImportSavesRowsAndGroupsTakeThemByPolicy) {
-  if (NoProjectFile()) GTEST_SKIP() << "the host commands open project files";
   auto groups = Make<IWellGroupData>("IWellGroupData");
   ASSERT_TRUE(groups->SaveGroup("P1", WellGroupRecord{"GN", "north", 1, "", "North"}, {}));
   const auto csv = Csv("wells.csv",
@@ -57,7 +62,6 @@ TEST_F(WellCommandsTest, WellsImportSavesRowsAndGroupsTakeThemByPolicy) {
 }
 
 TEST_F(WellCommandsTest, BadCellsNameTheirLineAndColumnAndImportNothing) {
-  if (NoProjectFile()) GTEST_SKIP() << "the host commands open project files";
   const struct {
     const char* text;
     const char* error;
@@ -84,7 +88,6 @@ TEST_F(WellCommandsTest, BadCellsNameTheirLineAndColumnAndImportNothing) {
 }
 
 TEST_F(WellCommandsTest, NulBytesRefuseTheFileWithTheirPlace) {
-  if (NoProjectFile()) GTEST_SKIP() << "the host commands open project files";
   using namespace std::string_literals;
   const struct {
     std::string text;
@@ -110,7 +113,6 @@ TEST_F(WellCommandsTest, NulBytesRefuseTheFileWithTheirPlace) {
 }
 
 TEST_F(WellCommandsTest, WellsListShowsGroupsReadOncePerGroup) {
-  if (NoProjectFile()) GTEST_SKIP() << "the host commands open project files";
   auto groups = Make<IWellGroupData>("IWellGroupData");
   auto wells = Make<IBasicWellData>("IBasicWellData");
   ASSERT_TRUE(groups->SaveGroups("P1", {{"G1", "", -1, "", ""}, {"G2", "second", -1, "", ""}}, {}));
@@ -134,7 +136,6 @@ TEST_F(WellCommandsTest, WellsListShowsGroupsReadOncePerGroup) {
 }
 
 TEST_F(WellCommandsTest, ADamagedFileNeverListsPartOfTheWells) {
-  if (NoProjectFile()) GTEST_SKIP() << "the host commands open project files";
   auto wells = Make<IBasicWellData>("IBasicWellData");
   std::vector<WellRecord> many(999);
   for (std::size_t i = 0; i < many.size(); ++i) {
@@ -172,7 +173,6 @@ TEST_F(WellCommandsTest, ADamagedFileNeverListsPartOfTheWells) {
 }
 
 TEST_F(WellCommandsTest, ImportTakesColumnTypesFromTheSchema) {
-  if (NoProjectFile()) GTEST_SKIP() << "the host commands open project files";
   const auto csv = Csv("aoi.csv",
                        "AOIName,ProjectName,Xmin,Xmax,Ymin,Ymax,DESCRIPTION\n"
                        "zone a,P1,1.5,2,3,4,first\n"
@@ -197,12 +197,28 @@ TEST_F(WellCommandsTest, ImportTakesColumnTypesFromTheSchema) {
       << bad.output;
 }
 
-TEST_F(WellCommandsTest, DemoShowsMembershipByPolicy) {
-  const CliRun run = Petrodb("demo " + (dir_ / "demo").string());
-  ASSERT_EQ(run.code, 0) << run.output;
-  EXPECT_NE(run.output.find("  D-1 wells (by ID)      North 1, South 2\n"), std::string::npos) << run.output;
-  EXPECT_NE(run.output.find("  North wells (by name)  North 1, North 3\n"), std::string::npos);
-  EXPECT_NE(run.output.find("  Hand-picked            X-7\n"), std::string::npos);
+// A typo never writes, and a well the file names only in part keeps the rest.
+TEST_F(WellCommandsTest, TyposAreRefusedAndPartialRowsUpdateOnlyTheirColumns) {
+  const auto one = Csv("one.csv", "WellID,WellName,Kb\nA-1,first,1200.5\n");
+  const CliRun typo = Petrodb("wells import " + file_ + " P2 " + one);
+  EXPECT_EQ(typo.code, 1);
+  EXPECT_NE(typo.output.find("no project \"P2\" in " + file_ + " (its projects: P1)"), std::string::npos)
+      << typo.output;
+  EXPECT_TRUE(Query("select WellID from w_well_data").empty());
+
+  ASSERT_EQ(Petrodb("wells import " + file_ + " P1 " + one).code, 0);
+  ASSERT_EQ(Petrodb("wells import " + file_ + " P1 " + Csv("two.csv", "WellID,WellType\nA-1,gas\n")).code, 0);
+  EXPECT_EQ(Query("select WellName || '/' || WellType || '/' || Kb from w_well_data"), Texts{"first/gas/1200.5"});
+
+  const CliRun verb = Petrodb("wells frobnicate");
+  EXPECT_EQ(verb.code, 2);
+  EXPECT_NE(verb.output.find("unknown command \"wells frobnicate\": petrodb wells takes import, list"),
+            std::string::npos) << verb.output;
+  const CliRun date = Petrodb("import " + file_ + " n_pipenet " + Csv("n.csv", "PipenetName,CreateDate\nN,2023-2-29\n"));
+  EXPECT_EQ(date.code, 1);
+  EXPECT_NE(date.output.find("line 2, column CreateDate: \"2023-2-29\" is not a date"), std::string::npos)
+      << date.output;
+  EXPECT_EQ(Petrodb("import " + file_ + " n_pipenet " + Csv("n.csv", "PipenetName,CreateDate\nN,2024-2-29 3:4:5\n")).code, 0);
 }
 
 }  // namespace

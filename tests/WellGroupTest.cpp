@@ -1,4 +1,6 @@
 // Well groups and their memberships.
+#include <tuple>
+
 #include "TestSupport.h"
 #include "petrodb/project/IWellGroupData.h"
 
@@ -9,6 +11,12 @@ using Texts = std::vector<std::string>;
 
 WellGroupRecord GroupRecord(const std::string& id, const std::string& name, int policy = -1) {
   return WellGroupRecord{id, name, policy, "id-" + id, "name-" + id};
+}
+
+Texts IDs(const std::vector<WellGroupRecord>& records) {
+  Texts ids;
+  for (const auto& r : records) ids.push_back(r.GroupID);
+  return ids;
 }
 
 using WellGroupTest = ObjectTest<IWellGroupData, "IWellGroupData">;
@@ -24,18 +32,18 @@ TEST_F(WellGroupTest, SaveWritesTheRowAndOneMembershipPerWell) {
   EXPECT_EQ(Query("select WellID from w_groupwell order by WellID"), Texts{"W3"});
   WellGroupRecord r;
   ASSERT_TRUE(object_->LoadGroup("G1", r));
-  EXPECT_EQ(r.GroupName, "north2");
-  EXPECT_EQ(r.GroupPolicy, 1);
-  EXPECT_EQ(r.WellIDPolicy, "id-G1");
-  EXPECT_EQ(r.WellNamePolicy, "name-G1");
+  const WellGroupRecord want = GroupRecord("G1", "north2", 1);
+  EXPECT_EQ(std::tie(r.GroupID, r.GroupName, r.GroupPolicy, r.WellIDPolicy, r.WellNamePolicy),
+            std::tie(want.GroupID, want.GroupName, want.GroupPolicy, want.WellIDPolicy, want.WellNamePolicy));
   EXPECT_FALSE(object_->SaveGroup(std::string("P1"), GroupRecord("", "nameless")));
   EXPECT_TRUE(messages_.texts().empty());
 }
 
+// Every list replaces what the caller's vector held, found or not.
 TEST_F(WellGroupTest, ListsAndLookups) {
   ASSERT_TRUE(object_->SaveGroups("P1", {GroupRecord("G2", "b"), GroupRecord("G1", ""), GroupRecord("G3", "c")}, {}));
   ASSERT_TRUE(object_->SaveGroup("P2", GroupRecord("G9", "other"), {}));
-  Texts ids, names;
+  Texts ids{"stale"}, names{"stale"};
   sql_.clear();
   ASSERT_TRUE(object_->GetGroupIDs("P1", ids));
   ASSERT_TRUE(object_->GetGroupNames("P1", names));
@@ -50,23 +58,30 @@ TEST_F(WellGroupTest, ListsAndLookups) {
   EXPECT_FALSE(object_->IsGroupIDExist("P2", "G2"));
   EXPECT_TRUE(object_->IsGroupNameExist(std::string("P2"), std::string("OTHER")));
 
-  std::vector<WellGroupRecord> records;
+  const std::vector<WellGroupRecord> stale{GroupRecord("stale", "stale")};
+  auto records = stale;
   ASSERT_TRUE(object_->LoadGroupsByIDs({"G1", "G9"}, records));  // any project
-  EXPECT_EQ(records.size(), 2u);
-  records.clear();
+  EXPECT_EQ(IDs(records), (Texts{"G1", "G9"}));
+  records = stale;
   ASSERT_TRUE(object_->LoadProjectGroups("P1", records));
   EXPECT_EQ(records.size(), 3u);
+  records = stale;
+  EXPECT_TRUE(object_->LoadGroupsByIDs({}, records));
+  EXPECT_TRUE(records.empty());
 }
 
 TEST_F(WellGroupTest, NamesFallBackToIDs) {
   ASSERT_TRUE(object_->SaveGroups("P1", {GroupRecord("G1", "north"), GroupRecord("G2", "south")}, {}));
-  std::vector<WellGroupRecord> records;
+  std::vector<WellGroupRecord> records{GroupRecord("stale", "stale")};
   sql_.clear();
   ASSERT_TRUE(object_->LoadGroupsByNames({"G1", "G2"}, records));
   EXPECT_EQ(sql_.texts(), (Texts{"select * from w_wellgroup where GroupName in ('G1', 'G2')",
                                  "select * from w_wellgroup where GroupID in ('G1', 'G2')"}));
-  EXPECT_EQ(records.size(), 2u);
+  EXPECT_EQ(IDs(records), (Texts{"G1", "G2"}));
+  ASSERT_TRUE(object_->LoadGroupsByNames({"south"}, records));
+  EXPECT_EQ(IDs(records), Texts{"G2"});
   EXPECT_FALSE(object_->LoadGroupsByNames({"nothing"}, records));
+  EXPECT_TRUE(records.empty());
   EXPECT_TRUE(object_->LoadGroupsByNames({}, records));
 
   WellGroupRecord r;
@@ -96,39 +111,6 @@ TEST_F(WellGroupTest, DeletesTakeTheMembersAlong) {
   EXPECT_EQ(sql_.texts(), (Texts{"delete from w_wellgroup where ProjectName = 'P1'", "delete from w_groupwell"}));
   EXPECT_EQ(Query("select GroupID from w_wellgroup"), Texts{"G9"});
   EXPECT_TRUE(Query("select GroupID from w_groupwell").empty());
-}
-
-// Every list operation replaces what the caller's vector held, found or not.
-TEST_F(WellGroupTest, ListsReplaceWhatTheVectorHeld) {
-  ASSERT_TRUE(object_->SaveGroups("P1", {GroupRecord("G2", "b"), GroupRecord("G1", "a")}, {}));
-  const std::vector<WellGroupRecord> stale{GroupRecord("stale", "stale")};
-  auto idsOf = [](const std::vector<WellGroupRecord>& records) {
-    Texts ids;
-    for (const auto& r : records) ids.push_back(r.GroupID);
-    return ids;
-  };
-
-  Texts ids{"stale"}, names{"stale"};
-  EXPECT_TRUE(object_->GetGroupIDs("P1", ids));
-  EXPECT_EQ(ids, (Texts{"G1", "G2"}));
-  EXPECT_TRUE(object_->GetGroupNames("P1", names));
-  EXPECT_EQ(names, (Texts{"a", "b"}));
-
-  auto records = stale;
-  EXPECT_TRUE(object_->LoadProjectGroups("P1", records));
-  EXPECT_EQ(records.size(), 2u);
-  records = stale;
-  EXPECT_TRUE(object_->LoadGroupsByIDs({"G2"}, records));
-  EXPECT_EQ(idsOf(records), Texts{"G2"});
-  records = stale;
-  EXPECT_TRUE(object_->LoadGroupsByNames({"a"}, records));
-  EXPECT_EQ(idsOf(records), Texts{"G1"});
-  records = stale;
-  EXPECT_TRUE(object_->LoadGroupsByIDs({}, records));
-  EXPECT_TRUE(records.empty());
-  records = stale;
-  EXPECT_FALSE(object_->LoadGroupsByNames({"nothing"}, records));
-  EXPECT_TRUE(records.empty());
 }
 
 // A group ID or project that cannot be spliced into the deletes fails the
