@@ -1,5 +1,7 @@
 #include "Command.h"
 #include "petrodb/Host.h"
+#include "petrodb/project/IBasicProjectData.h"
+#include "petrodb/project/IBasicWellData.h"
 
 #include <sqlite3.h>
 #include <unistd.h>
@@ -182,6 +184,35 @@ std::string EngineError() { return LastError(); }
 void PrintFailure(const std::string& text) {
   const std::string reason = EngineError();
   PrintError(reason.empty() ? text : text + ": " + reason);
+}
+
+namespace {
+std::string Listed(const std::vector<std::string>& names, std::size_t most) {
+  std::string list;
+  for (std::size_t i = 0; i < names.size() && i < most; ++i) list += (i ? ", " : "") + names[i];
+  if (names.size() > most) list += ", ... (" + std::to_string(names.size()) + " in all)";
+  return list;
+}
+}  // namespace
+
+bool CheckProjectName(IDataFactory& factory, const std::string& file, const std::string& project) {
+  auto projects = Create<IBasicProjectData>(factory, "IBasicProjectData");
+  std::vector<std::string> names;
+  if (!projects) return false;
+  projects->GetProjectNames(names);  // false also when there are none
+  for (const auto& n : names)
+    if (n == project) return true;
+  PrintError("no project \"" + project + "\" in " + file +
+             (names.empty() ? " (it holds no project)" : " (its projects: " + Listed(names, 10) + ")"));
+  return false;
+}
+
+bool CheckWellID(IDataFactory& factory, const std::string& file, const std::string& wellID) {
+  auto wells = Create<IBasicWellData>(factory, "IBasicWellData");
+  WellRecord well;
+  if (wells && wells->LoadWell(wellID.c_str(), well)) return true;
+  PrintError("no well \"" + wellID + "\" in " + file + " (see petrodb wells list)");
+  return false;
 }
 
 }  // namespace petrodb::cli

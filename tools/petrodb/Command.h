@@ -70,6 +70,11 @@ std::unique_ptr<Interface> Create(IDataFactory& factory, const char* interfaceNa
 enum class Access { Read, Write };
 bool CheckProjectFile(const std::string& file, Access access = Access::Read);
 
+// Whether the project file holds a project of this name, and whether the well
+// is in it; print what is there instead (so a typo never writes) and say no.
+bool CheckProjectName(IDataFactory& factory, const std::string& file, const std::string& project);
+bool CheckWellID(IDataFactory& factory, const std::string& file, const std::string& wellID);
+
 // Option parsing: "--name value" pairs after the positional arguments.
 struct Options {
   std::vector<std::string> positional;

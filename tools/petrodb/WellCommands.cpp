@@ -89,6 +89,14 @@ int WellsImport(const std::vector<std::string>& args) {
     PrintError(csv + ": line 1: the header has no WellID column");
     return kFailed;
   }
+  auto factory = MakeFactory(ProjectConnection(file), project);
+  if (!CheckProjectName(*factory, file, project)) return kFailed;
+  auto data = Create<IBasicWellData>(*factory, "IBasicWellData");
+  // A well the project has keeps the columns the file does not name.
+  std::vector<WellRecord> existing;
+  data->LoadProjectWells(project.c_str(), existing);
+  std::map<std::string, WellRecord> byID;
+  for (auto& w : existing) byID.emplace(w.WellID, std::move(w));
   // Every row is checked before anything is written.
   std::vector<WellRecord> wells;
   for (std::size_t i = 0; i < table.rows.size(); ++i) {
@@ -98,6 +106,9 @@ int WellsImport(const std::vector<std::string>& args) {
       return kFailed;
     }
     WellRecord well;
+    for (std::size_t j = 0; j < row.size(); ++j)
+      if (table.header[j] == "WellID")
+        if (const auto found = byID.find(row[j]); found != byID.end()) well = found->second;
     for (std::size_t j = 0; j < row.size(); ++j)
       if (!setters[j](well, row[j])) {
         PrintError(Where(csv, table.lines[i], table.header[j]) + "\"" + row[j] + "\" is not " +
@@ -110,8 +121,6 @@ int WellsImport(const std::vector<std::string>& args) {
     }
     wells.push_back(well);
   }
-  auto factory = MakeFactory(ProjectConnection(file), project);
-  auto data = Create<IBasicWellData>(*factory, "IBasicWellData");
   for (std::size_t i = 0; i < wells.size(); ++i) {
     if (!data->SaveWells(project, std::vector<WellRecord>{wells[i]})) {
       PrintFailure(Where(csv, table.lines[i], "WellID") + "saving well " + wells[i].WellID + " failed; " +
@@ -178,6 +187,19 @@ std::optional<std::string> TypeText(schema::Type type) {
   }
 }
 
+// A date as the project files store and compare them: "Y-M-D" with an optional
+// "H:M[:S]", numbers unpadded or padded, each within its range.
+bool IsDate(const std::string& cell) {
+  int y = 0, mo = 0, d = 0, h = 0, mi = 0, sec = 0, used = 0;
+  const int n = std::sscanf(cell.c_str(), "%4d-%2d-%2d%n %2d:%2d%n:%2d%n", &y, &mo, &d, &used, &h, &mi, &used, &sec,
+                            &used);
+  if (n < 3 || static_cast<std::size_t>(used) != cell.size()) return false;
+  static const int kDays[] = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  const bool leap = (y % 4 == 0 && y % 100 != 0) || y % 400 == 0;
+  return y >= 1 && mo >= 1 && mo <= 12 && d >= 1 && d <= (mo == 2 && !leap ? 28 : kDays[mo - 1]) && h >= 0 &&
+         h < 24 && mi >= 0 && mi < 60 && sec >= 0 && sec < 60;
+}
+
 int ImportTable(const std::vector<std::string>& args) {
   const std::string &file = args[0], &tableName = args[1], &csv = args[2];
   if (!CheckProjectFile(file, Access::Write)) return kFailed;
@@ -193,6 +215,7 @@ int ImportTable(const std::vector<std::string>& args) {
     return kFailed;
   }
   std::vector<std::string> names, types;
+  std::vector<bool> dates;
   for (std::size_t j = 0; j < table.header.size(); ++j) {
     const schema::Column* column = target->FindColumn(table.header[j]);
     const auto type = column ? TypeText(column->type) : std::nullopt;
@@ -203,6 +226,7 @@ int ImportTable(const std::vector<std::string>& args) {
     }
     names.push_back(column->name);
     types.push_back(*type);
+    dates.push_back(column->type == schema::Type::Date);
   }
   for (std::size_t i = 0; i < table.rows.size(); ++i) {
     const Row& row = table.rows[i];
@@ -212,8 +236,9 @@ int ImportTable(const std::vector<std::string>& args) {
     }
     for (std::size_t j = 0; j < row.size(); ++j) {
       double value = 0;
-      if (types[j] == "text" || row[j].empty() || Number(row[j], value)) continue;
-      PrintError(Where(csv, table.lines[i], names[j]) + "\"" + row[j] + "\" is not a number");
+      if (row[j].empty() || (dates[j] ? IsDate(row[j]) : types[j] == "text" || Number(row[j], value))) continue;
+      PrintError(Where(csv, table.lines[i], names[j]) + "\"" + row[j] + "\" is not " +
+                 (dates[j] ? "a date (YYYY-MM-DD or YYYY-MM-DD HH:MM:SS)" : "a number"));
       return kFailed;
     }
   }

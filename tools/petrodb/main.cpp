@@ -38,18 +38,58 @@ const petrodb::cli::Command* Find(const std::vector<std::string>& args, std::siz
   return best;
 }
 
+// What to say of a command line no command takes: for a known first word, the
+// command meant and its verbs.
+std::string Unknown(const std::vector<std::string>& args) {
+  std::string verbs;
+  for (const auto& c : petrodb::cli::Commands()) {
+    const std::string name = c.name;
+    if (name.rfind(args[0] + " ", 0) == 0 && name.find('|') == std::string::npos)
+      verbs += (verbs.empty() ? "" : ", ") + name.substr(args[0].size() + 1);
+  }
+  if (verbs.empty()) return "unknown command \"" + args[0] + "\" (see petrodb --help)";
+  const std::string said = args.size() > 1 ? args[0] + " " + args[1] : args[0];
+  return "unknown command \"" + said + "\": petrodb " + args[0] + " takes " + verbs + " (see petrodb " + args[0] +
+         " --help)";
+}
+
+int Run(std::vector<std::string> args);
+
 }  // namespace
 
+// Nothing a user types ends in an uncaught exception: anything unexpected is
+// said on one line and the command fails.
 int main(int argc, char** argv) {
-  std::vector<std::string> args(argv + 1, argv + argc);
+  try {
+    return Run(std::vector<std::string>(argv + 1, argv + argc));
+  } catch (const std::exception& e) {
+    petrodb::cli::PrintError(std::string("unexpected failure: ") + e.what());
+  } catch (...) {
+    petrodb::cli::PrintError("unexpected failure");
+  }
+  return petrodb::cli::kFailed;
+}
+
+namespace {
+
+int Run(std::vector<std::string> args) {
   if (args.empty() || args[0] == "--help" || args[0] == "-h" || args[0] == "help") {
     PrintHelp(args.empty() ? stderr : stdout);
     return args.empty() ? petrodb::cli::kUsage : petrodb::cli::kOk;
   }
   std::size_t words = 0;
   const petrodb::cli::Command* command = Find(args, words);
+  if (!command && args.size() == 2 && (args[1] == "--help" || args[1] == "-h")) {
+    bool any = false;
+    for (const auto& c : petrodb::cli::Commands())
+      if (std::string(c.name).rfind(args[0] + " ", 0) == 0 && !std::strchr(c.name, '|')) {
+        std::printf("usage: petrodb %s %s\n  %s\n", c.name, c.usage, c.summary);
+        any = true;
+      }
+    if (any) return petrodb::cli::kOk;
+  }
   if (!command) {
-    petrodb::cli::PrintError("unknown command \"" + args[0] + "\" (see petrodb --help)");
+    petrodb::cli::PrintError(Unknown(args));
     return petrodb::cli::kUsage;
   }
   std::vector<std::string> rest(args.begin() + static_cast<long>(words), args.end());
@@ -73,3 +113,5 @@ int main(int argc, char** argv) {
   }
   return command->run(rest);
 }
+
+}  // namespace
