@@ -1,0 +1,666 @@
+// The laboratory report pairs, one suite run over the four kinds (fluid sample
+// analysis, pressure test sampling, layer production test, cement bond
+// evaluation): headers numbered by the database and found by natural key, rows
+// joined to their header's well, deletes in their order; then what one kind adds.
+#include <algorithm>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "TestSupport.h"
+#include "petrodb/production/ICementationQuaEval.h"
+#include "petrodb/production/IMarkerTest.h"
+#include "petrodb/production/IMarkerTestData.h"
+#include "petrodb/production/IQuaEvalData.h"
+#include "petrodb/production/ISampleAnalysis.h"
+#include "petrodb/production/ISampleAnalysisData.h"
+#include "petrodb/production/IStressTestSampling.h"
+#include "petrodb/production/IStressTestSamplingData.h"
+
+namespace petrodb::test {
+namespace {
+
+std::string N(int id) { return std::to_string(id); }
+
+// "select a.X,a.Y,...,b.WellID from " for the data columns, as the reports name them.
+std::string SelectList(const std::string& columns) {
+  std::istringstream in(columns);
+  std::string text = "select ", column;
+  while (in >> column) text += "a." + column + ",";
+  return text + "b.WellID from ";
+}
+
+struct SampleCase {
+  using HI = ISampleAnalysis;
+  using H = SampleAnalysisRecord;
+  using DI = ISampleAnalysisData;
+  using Row = SampleAnalysisRow;
+  static constexpr const char* kHeaderInterface = "ISampleAnalysis";
+  static constexpr const char* kDataInterface = "ISampleAnalysisData";
+  static constexpr const char* kTable = "W_SAMPLE_ANALYSIS";
+  static constexpr const char* kDataTable = "W_SAMPLE_ANALYSIS_DATA";
+  static constexpr const char* kID = "AnalysisID";
+  static constexpr bool kUpdateRuns = true;  // the only update without a comma before "where"
+  static constexpr const char* kInsert =
+      "insert into W_SAMPLE_ANALYSIS (WellID, SampleNumber, ToolType, TableCreator, TableDate, Description, "
+      "ProjectName)";
+  static constexpr const char* kTableMissing = "样品分析表为空！";
+  static constexpr const char* kEmptyList = "样品分析为空！";
+  static constexpr const char* kDataTableMissing = "样品分析表为空！";
+  static constexpr auto id = &H::AnalysisID;
+  static constexpr auto save = &HI::SaveSampleAnalysis;
+  static constexpr auto saveList = &HI::SaveSampleAnalyses;
+  static constexpr auto loadWell = &HI::LoadWellSampleAnalyses;
+  static constexpr auto loadAll = &HI::LoadAllSampleAnalyses;
+  static constexpr auto listWells = &HI::ListSampleAnalysisWells;
+  static constexpr auto wellOf = &HI::GetSampleAnalysisWell;
+  static constexpr auto remove = &HI::DeleteSampleAnalysis;
+  static constexpr auto removeByID = &HI::DeleteSampleAnalysisByID;
+  static constexpr auto removeWell = &HI::DeleteWellSampleAnalyses;
+  static constexpr auto removeAll = &HI::DeleteAllSampleAnalyses;
+  static constexpr auto saveRows = &DI::SaveSampleAnalysisRows;
+  static constexpr auto deleteRows = &DI::DeleteSampleAnalysisRows;
+  static constexpr auto deleteProjectRows = &DI::DeleteProjectSampleAnalysisRows;
+
+  static H Make(const std::string& well, const std::string& key, const std::string& value) {
+    return {well, key, "2023-4-5", 0, value, "张工", "描述" + value, ""};
+  }
+  static bool Load(HI& o, const H& k, H& out) {
+    return o.LoadSampleAnalysis(k.WellID.c_str(), k.SampleNumber.c_str(), k.TableDate.c_str(), out);
+  }
+  static std::string Key(const H& h) {
+    return "WellID = '" + h.WellID + "' and SampleNumber = '" + h.SampleNumber + "' and TableDate = '" + h.TableDate +
+           "' ";
+  }
+  static std::string IdKey(const H& h) { return Key(h); }
+  static std::string Update(const H& h) {
+    return "update W_SAMPLE_ANALYSIS set ToolType = '" + h.ToolType + "',TableCreator = '" + h.TableCreator +
+           "',Description = '" + h.Description + "'where WellID = '" + h.WellID + "' and SampleNumber = '" +
+           h.SampleNumber + "' and TableDate = '" + h.TableDate + "'";
+  }
+  static Row MakeRow(int id, int n) {
+    Row r;
+    r.AnalysisID = id;
+    r.SampleNumber = "S1";
+    r.SampleDepth = 1500.25 + n;
+    r.PumpPressure = n * 0.5;
+    r.MixLiquidName = "泥浆滤液" + N(n);
+    r.iC4 = 0.125;
+    r.MarkResistivityTemp = 61.5;
+    return r;
+  }
+  static bool LoadRows(DI& d, int id, std::vector<Row>& rows) { return d.LoadSampleAnalysisRows(id, "S1", rows); }
+  static std::string LoadRowsText(int id) {
+    return SelectList(
+               "AnalysisID SampleNumber SampleDepth PreDrillFluidPressure AftDrillFluidPressure "
+               "PreStrataPressure AftStrataPressure PumpPressure PumpingTime PumpingFluidVolume SamplingTime "
+               "TungCapacity TungGroundPressure SampleVolume OilVolume WaterVolume MixLiquidName "
+               "MixLiquidVolume SampleChloride SampleResistivity SampleResistivityTemp SlurryChloride "
+               "SlurryResistivity SlurryResistivityTemp CO2 C1 C2 C3 iC4 nC4 N2 MarkResistivity "
+               "MarkResistivityTemp") +
+           "W_SAMPLE_ANALYSIS_DATA  a LEFT JOIN W_SAMPLE_ANALYSIS  b ON a.AnalysisID = b.AnalysisID where "
+           "a.AnalysisID = " +
+           N(id) + " and a.SampleNumber = 'S1'";
+  }
+  static bool RowExists(DI& d, const Row& r) {
+    return d.SampleAnalysisRowExists(r.AnalysisID, r.SampleNumber.c_str(), r.SampleDepth);
+  }
+  static bool DeleteRow(DI& d, const Row& r) {
+    return d.DeleteSampleAnalysisRow(r.AnalysisID, r.SampleNumber.c_str(), r.SampleDepth);
+  }
+  // Row 3's statements.
+  static std::string RowExistsText(int id) {
+    return "select * from W_SAMPLE_ANALYSIS_DATA where AnalysisID = " + N(id) +
+           " and SampleNumber = 'S1' and SampleDepth = '1503.250000' ";
+  }
+  static std::string DeleteRowText(int id) {
+    return "delete from W_SAMPLE_ANALYSIS_DATA where AnalysisID = " + N(id) +
+           " and SampleNumber = 'S1' and SampleDepth = '1503.250000'";
+  }
+};
+
+struct StressCase {
+  using HI = IStressTestSampling;
+  using H = StressTestSamplingRecord;
+  using DI = IStressTestSamplingData;
+  using Row = StressTestSamplingRow;
+  static constexpr const char* kHeaderInterface = "IStressTestSampling";
+  static constexpr const char* kDataInterface = "IStressTestSamplingData";
+  static constexpr const char* kTable = "W_STRESS_TESTING_SAMPLING";
+  static constexpr const char* kDataTable = "W_STRESS_TESTING_SAMPLING_DATA";
+  static constexpr const char* kID = "SamplingID";
+  static constexpr bool kUpdateRuns = false;
+  static constexpr const char* kInsert = nullptr;
+  static constexpr const char* kTableMissing = nullptr;
+  static constexpr const char* kEmptyList = nullptr;
+  static constexpr const char* kDataTableMissing = nullptr;
+  static constexpr auto id = &H::SamplingID;
+  static constexpr auto save = &HI::SaveStressTestSampling;
+  static constexpr auto saveList = &HI::SaveStressTestSamplings;
+  static constexpr auto loadWell = &HI::LoadWellStressTestSamplings;
+  static constexpr auto loadAll = &HI::LoadAllStressTestSamplings;
+  static constexpr auto listWells = &HI::ListStressTestSamplingWells;
+  static constexpr auto wellOf = &HI::GetStressTestSamplingWell;
+  static constexpr auto remove = &HI::DeleteStressTestSampling;
+  static constexpr auto removeByID = &HI::DeleteStressTestSamplingByID;
+  static constexpr auto removeWell = &HI::DeleteWellStressTestSamplings;
+  static constexpr auto removeAll = &HI::DeleteAllStressTestSamplings;
+  static constexpr auto saveRows = &DI::SaveStressTestSamplingRows;
+  static constexpr auto deleteRows = &DI::DeleteStressTestSamplingRows;
+  static constexpr auto deleteProjectRows = &DI::DeleteProjectStressTestSamplingRows;
+
+  static H Make(const std::string& well, const std::string& key, const std::string& value) {
+    return {well, key, "2022-11-30", 0, "2", "31", "28", "3", value, "是", "4", "描述" + value, "李工", ""};
+  }
+  static bool Load(HI& o, const H& k, H& out) {
+    return o.LoadStressTestSampling(k.WellID.c_str(), k.TestTime.c_str(), k.TableDate.c_str(), out);
+  }
+  static std::string Key(const H& h) {
+    return "WellID = '" + h.WellID + "' and TestTime = '" + h.TestTime + "' and TableDate = '" + h.TableDate + "' ";
+  }
+  static std::string IdKey(const H& h) { return Key(h); }
+  static std::string Update(const H& h) {
+    return "update W_STRESS_TESTING_SAMPLING set DescentTimes = '2',TotalCount = '31', TestCount = '28', "
+           "SealseatCount = '3',EffectiveCount = '" +
+           h.EffectiveCount +
+           "',PumpIsolate = '是',SamplingCount = "
+           "'4',Description = '" +
+           h.Description + "',TableCreator = '李工',where WellID = '" + h.WellID + "'and TestTime = '" + h.TestTime +
+           "'and TableDate = '2022-11-30'";
+  }
+  static Row MakeRow(int id, int n) {
+    return {id,   "N" + N(n), 2100.5 + n, 2050.0 + n, 25.5, 24.75,       23.5, 25.25,
+            "好", 1.05,       88.5,       "正常",     "中", "点" + N(n), ""};
+  }
+  static bool LoadRows(DI& d, int id, std::vector<Row>& rows) { return d.LoadReportStressTestSamplingRows(id, rows); }
+  static std::string LoadRowsText(int id) {
+    return SelectList(
+               "SamplingID SequenceNum MD TVD PreMudColumnPressure PressureValue StrataPressure "
+               "AfterMudColumnPressure FluidityEstimate StrataPressureCoefficient FormationTemperature "
+               "SpotPressureType EvaluatePermeability Description") +
+           "W_STRESS_TESTING_SAMPLING_DATA  a LEFT JOIN W_STRESS_TESTING_SAMPLING  b ON a.SamplingID = b.SamplingID "
+           "where a.SamplingID = " +
+           N(id);
+  }
+  static bool RowExists(DI& d, const Row& r) {
+    return d.StressTestSamplingRowExists(r.SamplingID, r.SequenceNum.c_str(), r.MD);
+  }
+  static bool DeleteRow(DI& d, const Row& r) {
+    return d.DeleteStressTestSamplingRow(r.SamplingID, r.SequenceNum.c_str(), r.MD);
+  }
+  static std::string RowExistsText(int id) {
+    return "select * from W_STRESS_TESTING_SAMPLING_DATA where SamplingID = " + N(id) +
+           " and SequenceNum = 'N3' and MD = '2103.500000' ";
+  }
+  static std::string DeleteRowText(int id) {
+    return "delete from W_STRESS_TESTING_SAMPLING_DATA where SamplingID = " + N(id) +
+           " and SequenceNum = 'N3' and MD = '2103.500000'";
+  }
+};
+
+struct MarkerCase {
+  using HI = IMarkerTest;
+  using H = MarkerTestRecord;
+  using DI = IMarkerTestData;
+  using Row = MarkerTestRow;
+  static constexpr const char* kHeaderInterface = "IMarkerTest";
+  static constexpr const char* kDataInterface = "IMarkerTestData";
+  static constexpr const char* kTable = "W_MARKER_TESTING";
+  static constexpr const char* kDataTable = "W_MARKER_TESTING_DATA";
+  static constexpr const char* kID = "TestID";
+  static constexpr bool kUpdateRuns = false;
+  static constexpr const char* kInsert = nullptr;
+  static constexpr const char* kTableMissing = nullptr;
+  static constexpr const char* kEmptyList = nullptr;
+  static constexpr const char* kDataTableMissing = nullptr;
+  static constexpr auto id = &H::TestID;
+  static constexpr auto save = &HI::SaveMarkerTest;
+  static constexpr auto saveList = &HI::SaveMarkerTests;
+  static constexpr auto loadWell = &HI::LoadWellMarkerTests;
+  static constexpr auto loadAll = &HI::LoadAllMarkerTests;
+  static constexpr auto listWells = &HI::ListMarkerTestWells;
+  static constexpr auto wellOf = &HI::GetMarkerTestWell;
+  static constexpr auto remove = &HI::DeleteMarkerTest;
+  static constexpr auto removeByID = &HI::DeleteMarkerTestByID;
+  static constexpr auto removeWell = &HI::DeleteWellMarkerTests;
+  static constexpr auto removeAll = &HI::DeleteAllMarkerTests;
+  static constexpr auto saveRows = &DI::SaveMarkerTestRows;
+  static constexpr auto deleteRows = &DI::DeleteMarkerTestRows;
+  static constexpr auto deleteProjectRows = &DI::DeleteProjectMarkerTestRows;
+
+  static H Make(const std::string& well, const std::string& key, const std::string& value) {
+    return {well, key,   "2021-6-1", 0,    "S3",           "S4",   "8:00", "20:00", value,
+            "0",  "1.5", "1800",     "35", "描述" + value, "王工", "赵工", ""};
+  }
+  static bool Load(HI& o, const H& k, H& out) {
+    return o.LoadMarkerTest(k.WellID.c_str(), k.TestNumber.c_str(), k.TableDate.c_str(), out);
+  }
+  static std::string Key(const H& h) {
+    return "WellID = '" + h.WellID + "' and TestNumber = '" + h.TestNumber + "' and TableDate = '" + h.TableDate + "' ";
+  }
+  static std::string IdKey(const H& h) { return Key(h); }
+  static std::string Update(const H& h) {
+    return "update W_MARKER_TESTING set BeginWellSection = 'S3',EndWellSection = 'S4',Begintime = '8:00',Endtime = "
+           "'20:00',CumOilProduction = '" +
+           h.CumOilProduction +
+           "',CumGasProduction = '0',CumWaterProduction = "
+           "'1.5',PressureGaugeDepth = '1800',HydraulicLength = '35',Description = '" +
+           h.Description + "',TableCreator = '王工',Assessor = '赵工',where WellID = '" + h.WellID +
+           "' and TestNumber = '" + h.TestNumber + "' and TableDate = '2021-6-1'";
+  }
+  static Row MakeRow(int id, int n) {
+    return {id, "一开", "T" + N(n), 8.5, N(n), 18.25 + n, 2.5, 71.5, 20.5, 12.5 * n, 0, 3.25, ""};
+  }
+  static bool LoadRows(DI& d, int id, std::vector<Row>& rows) { return d.LoadReportMarkerTestRows(id, rows); }
+  static std::string LoadRowsText(int id) {
+    return SelectList(
+               "TestID TestingProgram TestNumber TestDuration Cherries BottomPressure WellheadPressure "
+               "BottomTemperature WellheadTemperature OilFlow GasFlow WaterFlow") +
+           "W_MARKER_TESTING_DATA  a LEFT JOIN W_MARKER_TESTING  b ON a.TestID = b.TestID where a.TestID = " + N(id);
+  }
+  static bool RowExists(DI& d, const Row& r) {
+    return d.MarkerTestRowExists(r.TestID, r.TestingProgram.c_str(), r.Cherries.c_str());
+  }
+  static bool DeleteRow(DI& d, const Row& r) {
+    return d.DeleteMarkerTestRow(r.TestID, r.TestingProgram.c_str(), r.Cherries.c_str());
+  }
+  static std::string RowExistsText(int id) {
+    return "select * from W_MARKER_TESTING_DATA where TestID = " + N(id) +
+           " and TestingProgram = '一开'and Cherries = '3'";
+  }
+  static std::string DeleteRowText(int id) {
+    return "delete from W_MARKER_TESTING_DATA where TestID = " + N(id) +
+           " and TestingProgram = '一开' and Cherries = '3'";
+  }
+};
+
+struct CementCase {
+  using HI = ICementationQuaEval;
+  using H = CementationQuaEvalRecord;
+  using DI = IQuaEvalData;
+  using Row = QuaEvalRow;
+  static constexpr const char* kHeaderInterface = "ICementationQuaEval";
+  static constexpr const char* kDataInterface = "IQuaEvalData";
+  static constexpr const char* kTable = "W_CEMENT_QUALITY_EVALUATION";
+  static constexpr const char* kDataTable = "W_QUALITY_EVALUATION_DATA";
+  static constexpr const char* kID = "EvaluationID";
+  static constexpr bool kUpdateRuns = false;
+  static constexpr const char* kInsert = nullptr;
+  static constexpr const char* kTableMissing = nullptr;
+  static constexpr const char* kEmptyList = nullptr;
+  static constexpr const char* kDataTableMissing = "测压取样数据表为空！";
+  static constexpr auto id = &H::EvaluationID;
+  static constexpr auto save = &HI::SaveCementationQuaEval;
+  static constexpr auto saveList = &HI::SaveCementationQuaEvals;
+  static constexpr auto loadWell = &HI::LoadWellCementationQuaEvals;
+  static constexpr auto loadAll = &HI::LoadAllCementationQuaEvals;
+  static constexpr auto listWells = &HI::ListCementationQuaEvalWells;
+  static constexpr auto wellOf = &HI::GetCementationQuaEvalWell;
+  static constexpr auto remove = &HI::DeleteCementationQuaEval;
+  static constexpr auto removeByID = &HI::DeleteCementationQuaEvalByID;
+  static constexpr auto removeWell = &HI::DeleteWellCementationQuaEvals;
+  static constexpr auto removeAll = &HI::DeleteAllCementationQuaEvals;
+  static constexpr auto saveRows = &DI::SaveQuaEvalRows;
+  static constexpr auto deleteRows = &DI::DeleteQuaEvalRows;
+  static constexpr auto deleteProjectRows = &DI::DeleteProjectQuaEvalRows;
+
+  // The natural key is well, table date, section: `key` is the section.
+  static H Make(const std::string& well, const std::string& key, const std::string& value) {
+    return {well,   "2020-2-29", key, 0,   "139.7", value,  "合格", 1234.5, 2345.25,
+            "1100", "否",        "1", "2", "1500",  "钱工", "孙工", ""};
+  }
+  static bool Load(HI& o, const H& k, H& out) {
+    return o.LoadCementationQuaEval(k.WellID.c_str(), k.TableDate.c_str(), k.TestWellSection.c_str(), out);
+  }
+  static std::string Key(const H& h) {
+    return "WellID = '" + h.WellID + "' and TableDate = '2020-2-29' and TestWellSection = '" + h.TestWellSection + "' ";
+  }
+  // The identifier is looked up under a second spelling of the section column.
+  static std::string IdKey(const H& h) {
+    return "WellID = '" + h.WellID + "' and TableDate = '2020-2-29'and Testwellsection = '" + h.TestWellSection + "' ";
+  }
+  static std::string Update(const H& h) {
+    return "update W_CEMENT_QUALITY_EVALUATION set CasingSize = '139.7',TechRemark = '" + h.TechRemark +
+           "', PresEvaluation = '合格',TeeDepth = '1234.500000',BarDepth = '2345.250000',CementDepth = "
+           "'1100',TransSect = '否',ShortCase1 = '1',ShortCase2 = '2',MarkDepth = '1500',Appraiser = '钱工',Assessor "
+           "= '孙工',where WellID = '" +
+           h.WellID + "' and TableDate = '2020-2-29' and TestWellSection = '" + h.TestWellSection + "'";
+  }
+  static Row MakeRow(int id, int n) {
+    return {id, 1800.0 + n, 1801.0 + n, 1, 12.5, 3.5, 30.25, 0.75, 14.5, "弱", "优", "段" + N(n), ""};
+  }
+  static bool LoadRows(DI& d, int id, std::vector<Row>& rows) { return d.LoadQuaEvalRows(id, rows); }
+  static std::string LoadRowsText(int id) {
+    return SelectList(
+               "EvaluationID TopDepth BottomDepth Thickness ATAV ATMN ATMX AMAV CementStrength VDL Cementing "
+               "Description") +
+           "W_QUALITY_EVALUATION_DATA  a LEFT JOIN W_CEMENT_QUALITY_EVALUATION  b ON b.EvaluationID = a.EvaluationID "
+           "WHERE a.EvaluationID = " +
+           N(id);
+  }
+  static bool RowExists(DI& d, const Row& r) { return d.QuaEvalRowExists(r.EvaluationID, r.TopDepth, r.BottomDepth); }
+  static bool DeleteRow(DI& d, const Row& r) { return d.DeleteQuaEvalRow(r.EvaluationID, r.TopDepth, r.BottomDepth); }
+  static std::string RowExistsText(int id) {
+    return "select * from W_QUALITY_EVALUATION_DATA where EvaluationID = " + N(id) +
+           " and TopDepth = '1803.000000' and BottomDepth = '1804.000000' ";
+  }
+  static std::string DeleteRowText(int id) {
+    return "delete from W_QUALITY_EVALUATION_DATA where EvaluationID = " + N(id) +
+           " and TopDepth = '1803.000000' and BottomDepth = '1804.000000'";
+  }
+};
+
+template <class C>
+class LabReportSuite : public ProjectTest {
+ protected:
+  using H = typename C::H;
+  using Row = typename C::Row;
+  void SetUp() override {
+    ProjectTest::SetUp();
+    headers_ = Make<typename C::HI>(C::kHeaderInterface);
+    rows_ = Make<typename C::DI>(C::kDataInterface);
+    ASSERT_TRUE(headers_ && rows_);
+  }
+  // Saves a new header under `project` with `count` rows; answers its identifier.
+  int Report(const std::string& well, const std::string& key, int count = 0, const char* project = "P") {
+    H h = C::Make(well, key, "v" + key);
+    EXPECT_TRUE((headers_.get()->*C::save)(project, h));
+    std::vector<Row> rows;
+    for (int i = 0; i < count; ++i) rows.push_back(C::MakeRow(h.*C::id, i));
+    if (count) {
+      EXPECT_TRUE((rows_.get()->*C::saveRows)(rows));
+    }
+    return h.*C::id;
+  }
+  std::vector<std::string> Ids() {
+    return Query(std::string("select ") + C::kID + " from " + C::kTable + " order by " + C::kID);
+  }
+  std::size_t RowCount(int id) {
+    return Query(std::string("select * from ") + C::kDataTable + " where " + C::kID + " = " + N(id)).size();
+  }
+  std::vector<std::string> Texts(const char* text) {
+    return text ? std::vector<std::string>{text} : std::vector<std::string>{};
+  }
+  std::unique_ptr<typename C::HI> headers_;
+  std::unique_ptr<typename C::DI> rows_;
+};
+
+using Kinds = ::testing::Types<SampleCase, StressCase, MarkerCase, CementCase>;
+TYPED_TEST_SUITE(LabReportSuite, Kinds);
+
+TYPED_TEST(LabReportSuite, NewHeadersAreNumberedByTheDatabaseAndFoundByKeyWellAndNumber) {
+  using C = TypeParam;
+  auto& o = *this->headers_;
+  typename C::H first = C::Make("W1", "K1", "a");
+  ASSERT_TRUE((o.*C::save)("P", first));
+  const std::string identifier = std::string("select ") + C::kID + " from " + C::kTable + " where " + C::IdKey(first);
+  const auto inserts = this->sql_.texts("SaveData");
+  ASSERT_EQ(inserts.size(), 1u);
+  EXPECT_EQ(this->sql_.texts(), (std::vector<std::string>{C::kTable, identifier, inserts[0], identifier}));
+  if (C::kInsert) {
+    EXPECT_EQ(inserts[0].substr(0, inserts[0].find(" values")), C::kInsert);
+  }
+  const int second = this->Report("W1", "K2"), third = this->Report("W2", "K1");
+  EXPECT_GT(first.*C::id, 0);
+  EXPECT_EQ(this->Ids(), (std::vector<std::string>{N(first.*C::id), N(second), N(third)}));
+
+  typename C::H back;
+  ASSERT_TRUE(C::Load(o, first, back));
+  typename C::H expected = first;
+  expected.ProjectName = "P";
+  EXPECT_EQ(back, expected);
+
+  std::vector<typename C::H> list(3);
+  this->sql_.clear();
+  ASSERT_TRUE((o.*C::loadWell)("W1", list));
+  EXPECT_EQ(this->sql_.texts(),
+            std::vector<std::string>{std::string("select * from ") + C::kTable + " where WellID = 'W1'"});
+  EXPECT_EQ(list.size(), 2u);
+  ASSERT_TRUE((o.*C::loadAll)(list));
+  EXPECT_EQ(list.size(), 3u);
+  std::vector<std::string> wells{"stale"};
+  ASSERT_TRUE((o.*C::listWells)(wells));
+  EXPECT_EQ(wells, (std::vector<std::string>{"W1", "W2"}));
+  std::string well;
+  ASSERT_TRUE((o.*C::wellOf)(third, well));
+  EXPECT_EQ(well, "W2");
+  EXPECT_FALSE((o.*C::wellOf)(third + 100, well));
+  EXPECT_FALSE(C::Load(o, C::Make("W3", "K1", ""), back));
+  EXPECT_TRUE(this->messages_.texts().empty());
+}
+
+TYPED_TEST(LabReportSuite, SavingAnExistingKeySendsTheUpdateAsWrittenAndKeepsNumberAndRows) {
+  using C = TypeParam;
+  const int id = this->Report("W1", "K1", 2);
+  typename C::H changed = C::Make("W1", "K1", "b");
+  this->sql_.clear();
+  // Three of the four updates end their list with a comma before "where": no engine runs them.
+  EXPECT_EQ((this->headers_.get()->*C::save)("Q", changed), C::kUpdateRuns);
+  EXPECT_EQ(this->sql_.texts("ExecuteSQL"), std::vector<std::string>{C::Update(changed)});
+  EXPECT_TRUE(this->sql_.texts("SaveData").empty());
+  EXPECT_EQ(changed.*C::id, C::kUpdateRuns ? id : 0);
+  EXPECT_EQ(this->Ids(), std::vector<std::string>{N(id)});
+  EXPECT_EQ(this->RowCount(id), 2u);
+
+  typename C::H back;
+  ASSERT_TRUE(C::Load(*this->headers_, changed, back));
+  typename C::H expected = C::kUpdateRuns ? changed : C::Make("W1", "K1", "vK1");
+  expected.ProjectName = "P";  // an update leaves the project
+  expected.*C::id = id;
+  EXPECT_EQ(back, expected);
+  EXPECT_TRUE(this->messages_.texts().empty());
+}
+
+TYPED_TEST(LabReportSuite, SavesRefuseAnEmptyWellAQuotedKeyAndAMissingTable) {
+  using C = TypeParam;
+  auto& o = *this->headers_;
+  typename C::H h = C::Make("", "K1", "a");
+  EXPECT_FALSE((o.*C::save)("P", h));
+  EXPECT_EQ(this->messages_.texts(), std::vector<std::string>{"井号不能为空！"});
+  h = C::Make("W'1", "K1", "a");
+  EXPECT_FALSE((o.*C::save)("P", h));
+  EXPECT_TRUE(this->sql_.texts().empty());
+  EXPECT_TRUE(this->Ids().empty());
+
+  this->messages_.clear();
+  std::vector<typename C::H> none;
+  EXPECT_FALSE((o.*C::saveList)("P", none));
+  EXPECT_EQ(this->messages_.texts(), this->Texts(C::kEmptyList));
+
+  this->messages_.clear();
+  this->Exec(std::string("drop table ") + C::kTable);
+  h = C::Make("W1", "K1", "a");
+  EXPECT_FALSE((o.*C::save)("P", h));
+  EXPECT_EQ(this->messages_.texts(), this->Texts(C::kTableMissing));
+  EXPECT_EQ(h.*C::id, 0);
+}
+
+TYPED_TEST(LabReportSuite, AListIsSavedWholeOrNotAtAll) {
+  using C = TypeParam;
+  auto& o = *this->headers_;
+  std::vector<typename C::H> list{C::Make("W1", "K1", "a"), C::Make("W2", "K1", "b")};
+  ASSERT_TRUE((o.*C::saveList)("P", list));
+  EXPECT_EQ(this->Ids(), (std::vector<std::string>{N(list[0].*C::id), N(list[1].*C::id)}));
+
+  std::vector<typename C::H> more{C::Make("W3", "K1", "c"), C::Make("W1", "K1", "d")};
+  EXPECT_EQ((o.*C::saveList)("P", more), C::kUpdateRuns);
+  EXPECT_EQ(this->Ids().size(), C::kUpdateRuns ? 3u : 2u);  // the new W3 goes when the update fails
+  EXPECT_EQ(more[0].*C::id, C::kUpdateRuns ? std::stoi(this->Ids().back()) : 0);
+  if (C::kUpdateRuns) {  // the list form writes blanks after the commas
+    EXPECT_EQ(this->sql_.texts("ExecuteSQL").back(),
+              "update W_SAMPLE_ANALYSIS set ToolType = 'd', TableCreator = '张工', Description = '描述d'where WellID = "
+              "'W1' and SampleNumber = 'K1' and TableDate = '2023-4-5'");
+  }
+}
+
+TYPED_TEST(LabReportSuite, RowsAreAppendedLoadedWithTheirWellAndDeletedByKey) {
+  using C = TypeParam;
+  auto& d = *this->rows_;
+  const int id = this->Report("W1", "K1", 20);  // enough rows for the server's bulk path
+  std::vector<typename C::Row> rows(1);
+  this->sql_.clear();
+  ASSERT_TRUE(C::LoadRows(d, id, rows));
+  EXPECT_EQ(this->sql_.texts(), std::vector<std::string>{C::LoadRowsText(id)});
+  ASSERT_EQ(rows.size(), 20u);
+  auto expected = C::MakeRow(id, 7);
+  expected.WellID = "W1";
+  EXPECT_EQ(std::count(rows.begin(), rows.end(), expected), 1);
+
+  ASSERT_TRUE((d.*C::saveRows)({C::MakeRow(id, 20)}));
+  EXPECT_EQ(this->RowCount(id), 21u);  // appended, nothing deleted
+
+  const auto third = C::MakeRow(id, 3);
+  this->sql_.clear();
+  EXPECT_TRUE(C::RowExists(d, third));
+  ASSERT_TRUE(C::DeleteRow(d, third));
+  EXPECT_FALSE(C::RowExists(d, third));
+  EXPECT_EQ(this->sql_.texts(),
+            (std::vector<std::string>{C::RowExistsText(id), C::DeleteRowText(id), C::RowExistsText(id)}));
+  EXPECT_EQ(this->RowCount(id), 20u);
+
+  ASSERT_TRUE((d.*C::deleteRows)(id));
+  EXPECT_EQ(this->sql_.texts().back(),
+            std::string("delete from ") + C::kDataTable + " where " + C::kID + " = " + N(id));
+  EXPECT_EQ(this->RowCount(id), 0u);
+  EXPECT_FALSE(C::LoadRows(d, id, rows));
+  EXPECT_TRUE(rows.empty());
+}
+
+TYPED_TEST(LabReportSuite, DeletingAReportDeletesItsRowsFirstEvenWhenTheHeaderDeleteFails) {
+  using C = TypeParam;
+  auto& o = *this->headers_;
+  typename C::H first = C::Make("W1", "K1", "a");
+  ASSERT_TRUE((o.*C::save)("P", first));
+  ASSERT_TRUE((this->rows_.get()->*C::saveRows)({C::MakeRow(first.*C::id, 1)}));
+  const int second = this->Report("W1", "K2", 2), third = this->Report("W2", "K3", 2);
+  const std::string rowsOf = std::string("delete from ") + C::kDataTable + " where " + C::kID + " = ";
+
+  this->sql_.clear();
+  ASSERT_TRUE((o.*C::remove)(first));
+  const std::string byKey = std::string("delete from ") + C::kTable + " where " + C::Key(first);
+  EXPECT_EQ(this->sql_.texts(), (std::vector<std::string>{rowsOf + N(first.*C::id), byKey}));
+  this->sql_.clear();
+  ASSERT_TRUE((o.*C::removeByID)(second));
+  EXPECT_EQ(this->sql_.texts(),
+            (std::vector<std::string>{
+                rowsOf + N(second), std::string("delete from ") + C::kTable + " where " + C::kID + " = " + N(second)}));
+  EXPECT_EQ(this->Ids(), std::vector<std::string>{N(third)});
+  EXPECT_EQ(this->RowCount(first.*C::id) + this->RowCount(second), 0u);
+
+  this->Exec(std::string("drop table ") + C::kTable);
+  EXPECT_FALSE((o.*C::removeByID)(third));
+  EXPECT_EQ(this->RowCount(third), 0u);
+}
+
+TYPED_TEST(LabReportSuite, AWellsOrAllHeadersGoWithoutTheirRows) {
+  using C = TypeParam;
+  auto& o = *this->headers_;
+  const int first = this->Report("W1", "K1", 2), second = this->Report("W2", "K1", 1);
+  this->sql_.clear();
+  ASSERT_TRUE((o.*C::removeWell)("W1"));
+  ASSERT_TRUE((o.*C::removeAll)());
+  EXPECT_EQ(this->sql_.texts(),
+            (std::vector<std::string>{std::string("delete from ") + C::kTable + " where WellID = 'W1'",
+                                      std::string("delete from ") + C::kTable}));
+  EXPECT_TRUE(this->Ids().empty());
+  std::vector<typename C::Row> rows;
+  ASSERT_TRUE(C::LoadRows(*this->rows_, first, rows));  // the rows stay, without a well
+  EXPECT_EQ(rows.size(), 2u);
+  EXPECT_EQ(rows[0].WellID, "");
+  EXPECT_EQ(this->RowCount(second), 1u);
+}
+
+TYPED_TEST(LabReportSuite, AProjectsRowsAreDeletedOneIdentifierAtATime) {
+  using C = TypeParam;
+  auto& d = *this->rows_;
+  const int first = this->Report("W1", "K1", 2, "P"), second = this->Report("W2", "K1", 3, "P");
+  const int other = this->Report("W3", "K1", 1, "Q");
+  this->sql_.clear();
+  ASSERT_TRUE((d.*C::deleteProjectRows)("P"));
+  auto texts = this->sql_.texts();
+  ASSERT_EQ(texts.size(), 3u);
+  EXPECT_EQ(texts[0], std::string("select ") + C::kID + " from " + C::kTable + " where ProjectName = 'P'");
+  std::sort(texts.begin() + 1, texts.end());
+  const std::string rowsOf = std::string("delete from ") + C::kDataTable + " where " + C::kID + " = ";
+  EXPECT_EQ(texts[1], rowsOf + N(first) + " ");
+  EXPECT_EQ(texts[2], rowsOf + N(second) + " ");
+  EXPECT_EQ(this->RowCount(first) + this->RowCount(second), 0u);
+  EXPECT_EQ(this->RowCount(other), 1u);
+
+  this->sql_.clear();
+  EXPECT_TRUE((d.*C::deleteProjectRows)("None"));
+  EXPECT_EQ(this->sql_.texts().size(), 1u);  // no header, no delete
+}
+
+TYPED_TEST(LabReportSuite, RowsAreNotSavedIntoAMissingTable) {
+  using C = TypeParam;
+  this->Exec(std::string("drop table ") + C::kDataTable);
+  EXPECT_FALSE((this->rows_.get()->*C::saveRows)({C::MakeRow(1, 1)}));
+  EXPECT_EQ(this->messages_.texts(), this->Texts(C::kDataTableMissing));
+}
+
+// What one kind adds: loads per depth, per programme and per project, moving rows.
+class LabReportExtras : public ProjectTest {};
+
+TEST_F(LabReportExtras, PressureRowsLoadByDepthAndProjectAndMoveToAnotherReport) {
+  auto headers = Make<IStressTestSampling>("IStressTestSampling");
+  auto data = Make<IStressTestSamplingData>("IStressTestSamplingData");
+  auto a = StressCase::Make("W1", "T1", "x"), b = StressCase::Make("W2", "T2", "y");
+  ASSERT_TRUE(headers->SaveStressTestSampling("P", a) && headers->SaveStressTestSampling("Q", b));
+  ASSERT_TRUE(
+      data->SaveStressTestSamplingRows({StressCase::MakeRow(a.SamplingID, 0), StressCase::MakeRow(a.SamplingID, 1)}));
+  std::vector<StressTestSamplingRow> rows;
+  sql_.clear();
+  ASSERT_TRUE(data->LoadStressTestSamplingRows(a.SamplingID, 2101.5, rows));
+  ASSERT_EQ(rows.size(), 1u);
+  EXPECT_EQ(rows[0].SequenceNum, "N1");
+  EXPECT_EQ(sql_.texts().at(0), StressCase::LoadRowsText(a.SamplingID) + " and a.MD = 2101.500000");
+  ASSERT_TRUE(data->LoadProjectStressTestSamplingRows("P", rows));
+  EXPECT_EQ(rows.size(), 2u);
+  EXPECT_FALSE(data->LoadProjectStressTestSamplingRows("Q", rows));
+
+  sql_.clear();
+  ASSERT_TRUE(data->MoveStressTestSamplingRows(a.SamplingID, b.SamplingID));
+  EXPECT_EQ(sql_.texts(), std::vector<std::string>{"update W_STRESS_TESTING_SAMPLING_DATA set SamplingID = " +
+                                                   N(b.SamplingID) + " where SamplingID = " + N(a.SamplingID)});
+  ASSERT_TRUE(data->LoadProjectStressTestSamplingRows("Q", rows));
+  ASSERT_EQ(rows.size(), 2u);
+  EXPECT_EQ(rows[0].WellID + rows[1].WellID, "W2W2");
+}
+
+TEST_F(LabReportExtras, MarkerRowsLoadByProgrammeAndCementRowsByProjectThroughAnInnerJoin) {
+  auto tests = Make<IMarkerTest>("IMarkerTest");
+  auto testRows = Make<IMarkerTestData>("IMarkerTestData");
+  auto t = MarkerCase::Make("W1", "1", "x");
+  ASSERT_TRUE(tests->SaveMarkerTest("P", t));
+  auto other = MarkerCase::MakeRow(t.TestID, 2);
+  other.TestingProgram = "二开";
+  ASSERT_TRUE(testRows->SaveMarkerTestRows({MarkerCase::MakeRow(t.TestID, 1), other}));
+  std::vector<MarkerTestRow> rows;
+  sql_.clear();
+  ASSERT_TRUE(testRows->LoadMarkerTestRows(t.TestID, "二开", rows));
+  EXPECT_EQ(sql_.texts().at(0), MarkerCase::LoadRowsText(t.TestID) + " and a.TestingProgram = '二开'");
+  ASSERT_EQ(rows.size(), 1u);
+  EXPECT_EQ(rows[0].Cherries, "2");
+  ASSERT_TRUE(testRows->LoadProjectMarkerTestRows("P", rows));
+  EXPECT_EQ(rows.size(), 2u);
+
+  auto evals = Make<ICementationQuaEval>("ICementationQuaEval");
+  auto evalRows = Make<IQuaEvalData>("IQuaEvalData");
+  auto e = CementCase::Make("W1", "一段", "x");
+  ASSERT_TRUE(evals->SaveCementationQuaEval("P", e));
+  ASSERT_TRUE(
+      evalRows->SaveQuaEvalRows({CementCase::MakeRow(e.EvaluationID, 1), CementCase::MakeRow(e.EvaluationID + 50, 2)}));
+  std::vector<QuaEvalRow> evalBack;
+  sql_.clear();
+  ASSERT_TRUE(evalRows->LoadProjectQuaEvalRows("P", evalBack));
+  EXPECT_EQ(sql_.texts().at(0), SelectList("EvaluationID TopDepth BottomDepth Thickness ATAV ATMN ATMX AMAV "
+                                           "CementStrength VDL Cementing Description") +
+                                    "W_QUALITY_EVALUATION_DATA  a INNER JOIN W_CEMENT_QUALITY_EVALUATION  b ON "
+                                    "b.EvaluationID = a.EvaluationID where b.ProjectName = 'P'");
+  ASSERT_EQ(evalBack.size(), 1u);  // the row without a header is left out
+  EXPECT_EQ(evalBack[0].WellID, "W1");
+}
+
+}  // namespace
+}  // namespace petrodb::test
