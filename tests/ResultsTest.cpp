@@ -1,0 +1,582 @@
+// Calculation cases and their results: one suite over the tables keyed by case
+// and element, one over the tables with one row per case, the joins with the
+// network, the deletes under second column names, the cases themselves, and
+// the host's report of a case.
+#include <algorithm>
+#include <tuple>
+
+#include "TestSupport.h"
+#include "petrodb/network/INode.h"
+#include "petrodb/network/IOptPump.h"
+#include "petrodb/network/IOptSta.h"
+#include "petrodb/network/IOptSys.h"
+#include "petrodb/network/IPipe.h"
+#include "petrodb/network/IPipeCheckResults.h"
+#include "petrodb/network/IProject.h"
+#include "petrodb/network/ISimuEff.h"
+#include "petrodb/network/ISimuNode.h"
+#include "petrodb/network/ISimuPipe.h"
+#include "petrodb/network/ISimuSta.h"
+
+namespace petrodb::test {
+namespace {
+
+using Strings = std::vector<std::string>;
+
+// ---- results keyed by case and element ----
+// Each kind names its operations and statements; Make(element, v) gives a
+// record whose every value depends on v, its case name left for the save to set.
+
+struct NodeKind {
+  using I = ISimuNode;
+  using R = SimuNodeRecord;
+  static constexpr const char* kInterface = "ISimuNode";
+  static constexpr const char* kTable = "r_simu_node";
+  static constexpr const char* kElementColumn = "NodeName";
+  static constexpr const char* kCaseColumn = "ProjName";
+  static constexpr const char* kLoadOne = "select * from r_simu_node where ProjName = 'c1' and NodeName = 'E1'";
+  static constexpr const char* kLoadCase =
+      "select a.*,b.NodeType from r_simu_node AS a  ,n_nodes AS b where a.ProjName = 'c1' and a.NodeName = "
+      "b.NodeName order by b.NodeType ";
+  static constexpr const char* kDeleteOne = "delete from r_simu_node where ProjName = 'c1' and NodeName = 'E1'";
+  static constexpr const char* kDeleteCase = "delete from r_simu_node where ProjName = 'c1'";
+  static constexpr const char* kEmptyCase = "工况名称不能为空！";
+  static constexpr const char* kEmptyKey = "节点名称不能为空！";
+  static constexpr const char* kDeleteMissing = "节点仿真结果表为空！";
+  static constexpr const char* kSaveMissing = "节点仿真结果数据表为空！";
+  static R Make(const std::string& e, double v) {
+    return {"ignored", e, "sub " + e, int(v), int(v) + 1, v, v + 1, v + 2, v + 3, v + 4, v + 5, v + 6, v + 7, v + 8,
+            "S" + e, 0, ""};
+  }
+  static auto Tie(R& r) {
+    return std::tie(r.ProjName, r.NodeName, r.SubType, r.SubCode, r.MainCode, r.Pp0, r.Bp, r.Pp, r.Pq, r.Sp, r.Jp,
+                    r.Jp0, r.Jq, r.Tzsl, r.Station);
+  }
+  static bool Load(I& o, const char* c, const std::string& e, R& r) { return o.LoadNodeResult(c, e.c_str(), r); }
+  static bool LoadCase(I& o, const char* c, std::vector<R>& rs) { return o.LoadCaseNodeResults(c, rs); }
+  static bool Exists(I& o, const char* c, const std::string& e) { return o.NodeResultExists(c, e.c_str()); }
+  static bool Delete(I& o, const char* c, const std::string& e) { return o.DeleteNodeResult(c, e.c_str()); }
+  static bool Save(I& o, const char* c, const std::vector<R>& rs) { return o.SaveNodeResults(c, rs); }
+  static bool DeleteCase(I& o, const char* c) { return o.DeleteCaseNodeResults(c); }
+};
+
+struct PipeKind {
+  using I = ISimuPipe;
+  using R = SimuPipeRecord;
+  static constexpr const char* kInterface = "ISimuPipe";
+  static constexpr const char* kTable = "r_simu_pipe";
+  static constexpr const char* kElementColumn = "PipeName";
+  static constexpr const char* kCaseColumn = "ProjName";
+  static constexpr const char* kLoadOne = "select * from r_simu_pipe where ProjName = 'c1' and PipeName = 'E1'";
+  static constexpr const char* kLoadCase =
+      "select a.*,b.PipeType from r_simu_pipe AS a  ,n_pipes AS b where a.ProjName = 'c1' and a.PipeName = "
+      "b.PipeName order by b.PipeType ";
+  static constexpr const char* kDeleteOne = "delete from r_simu_pipe where ProjName = 'c1' and PipeName = 'E1'";
+  static constexpr const char* kDeleteCase = "delete from r_simu_pipe where ProjName = 'c1'";
+  static constexpr const char* kEmptyCase = "工况名称不能为空！";
+  static constexpr const char* kEmptyKey = "管子代码不能为空！";
+  static constexpr const char* kDeleteMissing = "管子仿真结果表为空！";
+  static constexpr const char* kSaveMissing = "管子仿真结果数据表为空！";
+  static R Make(const std::string& e, double v) { return {"ignored", e, v, v + 1, v + 2, v + 3, "S" + e, 0, ""}; }
+  static auto Tie(R& r) { return std::tie(r.ProjName, r.PipeName, r.Detap, r.PipeQ, r.Kf, r.Deltpow, r.Station); }
+  static bool Load(I& o, const char* c, const std::string& e, R& r) { return o.LoadPipeResult(c, e.c_str(), r); }
+  static bool LoadCase(I& o, const char* c, std::vector<R>& rs) { return o.LoadCasePipeResults(c, rs); }
+  static bool Exists(I& o, const char* c, const std::string& e) { return o.PipeResultExists(c, e.c_str()); }
+  static bool Delete(I& o, const char* c, const std::string& e) { return o.DeletePipeResult(c, e.c_str()); }
+  static bool Save(I& o, const char* c, const std::vector<R>& rs) { return o.SavePipeResults(c, rs); }
+  static bool DeleteCase(I& o, const char* c) { return o.DeleteCasePipeResults(c); }
+};
+
+// The two station tables share their operations' names.
+template <class Interface, class Record>
+struct StationOps {
+  using I = Interface;
+  using R = Record;
+  static bool Load(I& o, const char* c, const std::string& e, R& r) { return o.LoadStationResult(c, e.c_str(), r); }
+  static bool LoadCase(I& o, const char* c, std::vector<R>& rs) { return o.LoadCaseStationResults(c, rs); }
+  static bool Exists(I& o, const char* c, const std::string& e) { return o.StationResultExists(c, e.c_str()); }
+  static bool Delete(I& o, const char* c, const std::string& e) { return o.DeleteStationResult(c, e.c_str()); }
+  static bool Save(I& o, const char* c, const std::vector<R>& rs) { return o.SaveStationResults(c, rs); }
+  static bool DeleteCase(I& o, const char* c) { return o.DeleteCaseStationResults(c); }
+};
+
+struct SimuStaKind : StationOps<ISimuSta, SimuStaRecord> {
+  static constexpr const char* kInterface = "ISimuSta";
+  static constexpr const char* kTable = "r_simu_sta";
+  static constexpr const char* kElementColumn = "StaName";
+  static constexpr const char* kCaseColumn = "ProjName";
+  static constexpr const char* kLoadOne = "select * from r_simu_sta where ProjName = 'c1' and StaName = 'E1'";
+  static constexpr const char* kLoadCase = "select * from r_simu_sta where ProjName = 'c1' order by StaName";
+  static constexpr const char* kDeleteOne = "delete from r_simu_sta where ProjName='c1' and StaName = 'E1'";
+  static constexpr const char* kDeleteCase = "delete from r_simu_sta where ProjName = 'c1'";
+  static constexpr const char* kEmptyCase = "工况名称不能为空！";
+  static constexpr const char* kEmptyKey = "注水站名称不能为空！";
+  static constexpr const char* kDeleteMissing = "注水站仿真结果表为空！";
+  static constexpr const char* kSaveMissing = "注水站仿真结果数据表为空！";
+  static R Make(const std::string& e, double v) { return {"ignored", e, v, v + 1, v + 2}; }
+  static auto Tie(R& r) { return std::tie(r.ProjName, r.StaName, r.Eff, r.Dh, r.SumEff); }
+};
+
+struct OptStaKind : StationOps<IOptSta, OptStaRecord> {
+  static constexpr const char* kInterface = "IOptSta";
+  static constexpr const char* kTable = "r_opt_sta";
+  static constexpr const char* kElementColumn = "StaName";
+  static constexpr const char* kCaseColumn = "ProjName";
+  static constexpr const char* kLoadOne = "select * from r_opt_sta where ProjName = 'c1' and StaName = 'E1'";
+  static constexpr const char* kLoadCase = "select * from r_opt_sta where ProjName = 'c1' order by StaName";
+  static constexpr const char* kDeleteOne = "delete from r_opt_sta where ProjName='c1' and StaName = 'E1'";
+  static constexpr const char* kDeleteCase = "delete from r_opt_sta where ProjName = 'c1'";
+  static constexpr const char* kEmptyCase = "注水站优化约束条件及名称不能为空！";
+  static constexpr const char* kEmptyKey = nullptr;  // an empty station is not refused
+  static constexpr const char* kDeleteMissing = "注水站优化约束条件及结果表为空！";
+  static constexpr const char* kSaveMissing = "注水站优化约束条件及结果数据表为空！";
+  static R Make(const std::string& e, double v) {
+    return {"ignored", e, v, v + 1, v + 2, int(v), int(v) + 1, v + 3, v + 4, int(v) + 2, v + 5, v + 6, v + 7,
+            v + 8, v + 9, v + 10, v + 11};
+  }
+  static auto Tie(R& r) {
+    return std::tie(r.ProjName, r.StaName, r.MaxQ, r.MinQ, r.InitQ, r.PumpNum, r.KbNum, r.OptQ, r.OptGy, r.OptKbNum,
+                    r.Eff, r.Dh, r.SumEff, r.StaQ, r.StaP, r.StaE, r.StaPower);
+  }
+};
+
+// Pumps are keyed by station and code: the element "E1" is the pump E1 of station ST.
+struct OptPumpKind {
+  using I = IOptPump;
+  using R = OptPumpRecord;
+  static constexpr const char* kInterface = "IOptPump";
+  static constexpr const char* kTable = "r_opt_pump";
+  static constexpr const char* kElementColumn = "PumpCode";
+  static constexpr const char* kCaseColumn = "ProjName";
+  static constexpr const char* kLoadOne =
+      "select * from r_opt_pump where ProjName = 'c1' and StaName = 'ST' and PumpCode = 'E1'";
+  static constexpr const char* kLoadCase =
+      "select * from r_opt_pump where ProjName = 'c1' order by StaName, PumpCode, PumpModel";
+  static constexpr const char* kDeleteOne =
+      "delete from r_opt_pump where ProjName = 'c1' and StaName = 'ST' and PumpCode = 'E1'";
+  static constexpr const char* kDeleteCase = "delete from r_opt_pump where ProjName = 'c1'";
+  static constexpr const char* kEmptyCase = "工况名称不能为空！";
+  static constexpr const char* kEmptyKey = "泵号不能为空！";
+  static constexpr const char* kDeleteMissing = "注水泵优化约束条件及结果表为空！";
+  static constexpr const char* kSaveMissing = "注水站优化约束条件及结果数据表为空！";
+  static R Make(const std::string& e, double v) {
+    return {"ignored", "ST", e, "M" + e, v, v + 1, v + 2, v + 3, v + 4, v > 1 ? '1' : '0', v + 5, v + 6, v + 7,
+            v + 8, v + 9};
+  }
+  static auto Tie(R& r) {
+    return std::tie(r.ProjName, r.StaName, r.PumpCode, r.PumpModel, r.MaxQ, r.MinQ, r.InitQ, r.CurDia, r.OptDia,
+                    r.IsFreq, r.PumpP, r.PumpQ, r.PumpE, r.PumpPower, r.PumpDh);
+  }
+  static bool Load(I& o, const char* c, const std::string& e, R& r) { return o.LoadPumpResult(c, "ST", e.c_str(), r); }
+  static bool LoadCase(I& o, const char* c, std::vector<R>& rs) { return o.LoadCasePumpResults(c, rs); }
+  static bool Exists(I& o, const char* c, const std::string& e) { return o.PumpResultExists(c, "ST", e.c_str()); }
+  static bool Delete(I& o, const char* c, const std::string& e) { return o.DeletePumpResult(c, "ST", e.c_str()); }
+  static bool Save(I& o, const char* c, const std::vector<R>& rs) { return o.SavePumpResults(c, rs); }
+  static bool DeleteCase(I& o, const char* c) { return o.DeleteCasePumpResults(c); }
+};
+
+struct PipeCheckKind {
+  using I = IPipeCheckResults;
+  using R = PipeCheckRecord;
+  static constexpr const char* kInterface = "IPipeCheckResults";
+  static constexpr const char* kTable = "r_pipe_check_results";
+  static constexpr const char* kElementColumn = "Pipe_Name";
+  static constexpr const char* kCaseColumn = "Proj_name";
+  static constexpr const char* kLoadOne = "select * from r_pipe_check_results where Proj_name='c1' and Pipe_Name='E1'";
+  static constexpr const char* kLoadCase =
+      "select * from r_pipe_check_results where Proj_name='c1' order by Pipe_Name";
+  static constexpr const char* kDeleteOne =
+      "delete from r_pipe_check_results where Proj_name='c1' and Pipe_name='E1'";
+  static constexpr const char* kDeleteCase = "delete from r_pipe_check_results where Proj_name='c1'";
+  static constexpr const char* kEmptyCase = "工况名称不能为空";
+  static constexpr const char* kEmptyKey = "工况名称或管子名称不能为空";
+  static constexpr const char* kDeleteMissing = nullptr;  // silent
+  static constexpr const char* kSaveMissing = nullptr;
+  static R Make(const std::string& e, double v) {
+    return {"ignored", e, v, v + 1, v + 2, v + 3, v + 4, v + 5, v + 6, v + 7, v + 8, v + 9, v + 10, v + 11, v + 12,
+            v + 13};
+  }
+  static auto Tie(R& r) {
+    return std::tie(r.Proj_name, r.Pipe_Name, r.Length_before_check, r.Leanth_after_check, r.InnerDia_before_check,
+                    r.InnerDia_after_check, r.CH_before_check, r.CH_after_check, r.Headloss_before_check,
+                    r.Headloss_after_check, r.Pressure_before_check, r.Pressure_after_check, r.Measured_pressure,
+                    r.Error_before_check, r.Error_after_check, r.Corrosion_thick);
+  }
+  static bool Load(I& o, const char* c, const std::string& e, R& r) { return o.LoadPipeCheckResult(c, e.c_str(), r); }
+  static bool LoadCase(I& o, const char* c, std::vector<R>& rs) { return o.LoadCasePipeCheckResults(c, rs); }
+  static bool Exists(I& o, const char* c, const std::string& e) { return o.PipeCheckResultExists(c, e.c_str()); }
+  static bool Delete(I& o, const char* c, const std::string& e) { return o.DeletePipeCheckResult(c, e.c_str()); }
+  static bool Save(I& o, const char* c, const std::vector<R>& rs) { return o.SavePipeCheckResults(c, rs); }
+  static bool DeleteCase(I& o, const char* c) { return o.DeleteCasePipeCheckResults(c); }
+};
+
+template <class K>
+class ElementResultSuite : public ProjectTest {
+ protected:
+  using R = typename K::R;
+  void SetUp() override {
+    ProjectTest::SetUp();
+    object_ = Make<typename K::I>(K::kInterface);
+    ASSERT_TRUE(object_);
+    // The joined loads find elements of these names in a network.
+    Exec("insert into n_nodes (PipenetName, NodeName, NodeType) values ('N', 'E1', 2)");
+    Exec("insert into n_nodes (PipenetName, NodeName, NodeType) values ('N', 'E2', 3)");
+    Exec("insert into n_pipes (PipenetName, PipeName, PipeType) values ('N', 'E1', 1)");
+    Exec("insert into n_pipes (PipenetName, PipeName, PipeType) values ('N', 'E2', 2)");
+  }
+  // "case/element" of every row, ordered.
+  Strings Rows() {
+    const std::string row = std::string(K::kCaseColumn) + " || '/' || " + K::kElementColumn;
+    return Query("select " + row + " from " + K::kTable + " order by " + row);
+  }
+  std::unique_ptr<typename K::I> object_;
+};
+
+using ElementKinds = ::testing::Types<NodeKind, PipeKind, SimuStaKind, OptStaKind, OptPumpKind, PipeCheckKind>;
+TYPED_TEST_SUITE(ElementResultSuite, ElementKinds);
+
+TYPED_TEST(ElementResultSuite, SavingReplacesByCaseAndElementAndLoadsReadEveryColumnBack) {
+  using K = TypeParam;
+  auto& o = *this->object_;
+  ASSERT_TRUE(K::Save(o, "c1", {K::Make("E1", 1), K::Make("E2", 2)}));
+  ASSERT_TRUE(K::Save(o, "c2", {K::Make("E1", 3)}));
+  this->sql_.clear();
+  ASSERT_TRUE(K::Save(o, "c1", {K::Make("E1", 4)}));
+  EXPECT_EQ(this->sql_.texts("GetDataFromDB"), Strings{K::kTable});
+  EXPECT_EQ(this->sql_.texts("ExecuteSQL"), Strings{K::kDeleteOne});
+  EXPECT_EQ(this->Rows(), (Strings{"c1/E1", "c1/E2", "c2/E1"}));
+
+  typename K::R back;
+  this->sql_.clear();
+  ASSERT_TRUE(K::Load(o, "c1", "E1", back));
+  EXPECT_EQ(this->sql_.texts(), Strings{K::kLoadOne});
+  auto expected = K::Make("E1", 4);
+  std::get<0>(K::Tie(expected)) = "c1";  // the case column takes the save's argument
+  EXPECT_EQ(K::Tie(back), K::Tie(expected));
+  EXPECT_FALSE(K::Load(o, "c3", "E1", back));
+  EXPECT_TRUE(K::Exists(o, "c2", "E1"));
+  EXPECT_FALSE(K::Exists(o, "c2", "E2"));
+
+  std::vector<typename K::R> all{K::Make("stale", 0)};
+  this->sql_.clear();
+  ASSERT_TRUE(K::LoadCase(o, "c1", all));
+  EXPECT_EQ(this->sql_.texts(), Strings{K::kLoadCase});
+  ASSERT_EQ(all.size(), 2u);
+  EXPECT_EQ(K::Tie(all[0]), K::Tie(expected));
+  EXPECT_FALSE(K::LoadCase(o, "none", all));
+  EXPECT_TRUE(all.empty());
+
+  this->sql_.clear();
+  EXPECT_TRUE(K::Delete(o, "c1", "E1"));
+  EXPECT_TRUE(K::Delete(o, "c1", "E1"));  // nothing left to delete is still a delete that ran
+  EXPECT_TRUE(K::DeleteCase(o, "c1"));
+  EXPECT_EQ(this->sql_.texts("ExecuteSQL"), (Strings{K::kDeleteOne, K::kDeleteOne, K::kDeleteCase}));
+  EXPECT_EQ(this->Rows(), Strings{"c2/E1"});
+  EXPECT_TRUE(this->messages_.texts().empty());
+}
+
+TYPED_TEST(ElementResultSuite, EmptyKeysAndAMissingTableShowTheirMessages) {
+  using K = TypeParam;
+  auto& o = *this->object_;
+  typename K::R r;
+  std::vector<typename K::R> rs;
+  this->sql_.clear();
+  EXPECT_FALSE(K::Save(o, "", {K::Make("E1", 1)}));
+  EXPECT_FALSE(K::DeleteCase(o, ""));
+  Strings expected{K::kEmptyCase, K::kEmptyCase};
+  if (K::kEmptyKey) {
+    EXPECT_FALSE(K::Save(o, "c1", {K::Make("E1", 1), K::Make("", 2)}));  // the whole list is refused
+    EXPECT_FALSE(K::Delete(o, "c1", ""));
+    EXPECT_FALSE(K::Load(o, "c1", "", r));
+    expected.insert(expected.end(), {K::kEmptyKey, K::kEmptyKey, K::kEmptyKey});
+  }
+  EXPECT_TRUE(this->sql_.texts().empty());
+  EXPECT_EQ(this->messages_.texts(), expected);
+  for (const auto& m : this->messages_.messages()) EXPECT_EQ(m.caption, "错误信息");
+  this->messages_.clear();
+
+  EXPECT_FALSE(K::Save(o, "c1", {K::Make("E'1", 1)}));  // a quote refuses the save before anything is sent
+  EXPECT_TRUE(this->sql_.texts().empty());
+  EXPECT_EQ(this->Rows(), Strings{});
+
+  this->Exec(std::string("drop table ") + K::kTable);
+  EXPECT_FALSE(K::Delete(o, "c1", "E1"));
+  EXPECT_FALSE(K::DeleteCase(o, "c1"));
+  EXPECT_FALSE(K::Save(o, "c1", {K::Make("E1", 1)}));
+  EXPECT_FALSE(K::LoadCase(o, "c1", rs));
+  Strings missing;
+  if (K::kDeleteMissing) missing = {K::kDeleteMissing, K::kDeleteMissing, K::kSaveMissing};
+  EXPECT_EQ(this->messages_.texts(), missing);
+}
+
+// ---- one row per case ----
+
+struct EffKind {
+  using I = ISimuEff;
+  using R = SimuEffRecord;
+  static constexpr const char* kInterface = "ISimuEff";
+  static constexpr const char* kTable = "r_simu_eff";
+  static constexpr const char* kLoad = "select * from r_simu_eff where ProjName = 'c1'";
+  static constexpr const char* kDelete = "delete from r_simu_eff where ProjName = 'c1'";
+  static constexpr const char* kEmptyCase = "效率仿真名称不能为空！";
+  static constexpr const char* kMissing = "效率仿真结果表为空！";
+  static R Make(double v) { return {"ignored", v, v + 1, v + 2, v + 3, v + 4, v + 5, v + 6, v + 7, v + 8, v + 9}; }
+  static auto Tie(R& r) {
+    return std::tie(r.ProjName, r.AvPumpEff, r.AvStaEff, r.SysEff, r.PipenetEff, r.AvMotorEff, r.StaDayQ,
+                    r.WellDayQ, r.SysDayKw, r.StaDayKw, r.WellDayKw);
+  }
+  static bool Load(I& o, const char* c, R& r) { return o.LoadSimuEff(c, r); }
+  static bool Exists(I& o, const char* c) { return o.SimuEffExists(c); }
+  static bool Save(I& o, const char* c, const R& r) { return o.SaveSimuEff(c, r); }
+  static bool Delete(I& o, const char* c) { return o.DeleteSimuEff(c); }
+};
+
+struct SysKind {
+  using I = IOptSys;
+  using R = OptSysRecord;
+  static constexpr const char* kInterface = "IOptSys";
+  static constexpr const char* kTable = "r_opt_sys";
+  static constexpr const char* kLoad = "select * from r_opt_sys where ProjName = 'c1'";
+  static constexpr const char* kDelete = "delete from r_opt_sys where ProjName = 'c1'";
+  static constexpr const char* kEmptyCase = "注水系统性能参数优化名称不能为空！";
+  static constexpr const char* kMissing = "注水系统性能参数优化结果表为空！";
+  static R Make(double v) { return {"ignored", "最优", v, v + 1, v + 2, v + 3, v + 4, v + 5, int(v)}; }
+  static auto Tie(R& r) {
+    return std::tie(r.ProjName, r.ResultType, r.SysQ, r.SysKw, r.AvPumpEff, r.AvPipenetEff, r.SysEff, r.UnitKw,
+                    r.OpenedPumps);
+  }
+  static bool Load(I& o, const char* c, R& r) { return o.LoadOptSys(c, r); }
+  static bool Exists(I& o, const char* c) { return o.OptSysExists(c); }
+  static bool Save(I& o, const char* c, const R& r) { return o.SaveOptSys(c, r); }
+  static bool Delete(I& o, const char* c) { return o.DeleteOptSys(c); }
+};
+
+template <class K>
+class CaseRowSuite : public ProjectTest {};
+using CaseRowKinds = ::testing::Types<EffKind, SysKind>;
+TYPED_TEST_SUITE(CaseRowSuite, CaseRowKinds);
+
+TYPED_TEST(CaseRowSuite, OneRowPerCaseIsReplacedLoadedAndDeleted) {
+  using K = TypeParam;
+  auto o = this->template Make<typename K::I>(K::kInterface);
+  ASSERT_TRUE(o);
+  ASSERT_TRUE(K::Save(*o, "c1", K::Make(1)));
+  ASSERT_TRUE(K::Save(*o, "c2", K::Make(2)));
+  this->sql_.clear();
+  ASSERT_TRUE(K::Save(*o, "c1", K::Make(5)));
+  EXPECT_EQ(this->sql_.texts("ExecuteSQL"), Strings{K::kDelete});
+  typename K::R back;
+  this->sql_.clear();
+  ASSERT_TRUE(K::Load(*o, "c1", back));
+  EXPECT_EQ(this->sql_.texts(), Strings{K::kLoad});
+  auto expected = K::Make(5);
+  std::get<0>(K::Tie(expected)) = "c1";
+  EXPECT_EQ(K::Tie(back), K::Tie(expected));
+  EXPECT_TRUE(K::Delete(*o, "c1"));
+  EXPECT_FALSE(K::Exists(*o, "c1"));
+  EXPECT_TRUE(K::Exists(*o, "c2"));
+
+  EXPECT_FALSE(K::Save(*o, "", K::Make(1)));
+  EXPECT_FALSE(K::Load(*o, "", back));
+  this->Exec(std::string("drop table ") + K::kTable);
+  EXPECT_FALSE(K::Save(*o, "c1", K::Make(1)));
+  EXPECT_FALSE(K::Delete(*o, "c1"));
+  EXPECT_EQ(this->messages_.texts(), (Strings{K::kEmptyCase, K::kEmptyCase, K::kMissing, K::kMissing}));
+}
+
+// ---- the joins with the network, and the deletes under second column names ----
+
+class NodeResultTest : public ObjectTest<ISimuNode, "ISimuNode"> {
+ protected:
+  void AddNode(const char* network, const char* node, int type) {
+    Exec(std::string("insert into n_nodes (PipenetName, NodeName, NodeType) values ('") + network + "', '" + node +
+         "', " + std::to_string(type) + ")");
+  }
+  static SimuNodeRecord Result(const std::string& node, double pressure) {
+    SimuNodeRecord r;
+    r.NodeName = node;
+    r.Pp = pressure;
+    return r;
+  }
+  static Strings Named(const std::vector<SimuNodeRecord>& rs) {
+    Strings out;
+    for (const auto& r : rs) out.push_back(r.NodeName + ":" + std::to_string(r.NodeType) + ":" + r.TypeName);
+    return out;
+  }
+};
+
+TEST_F(NodeResultTest, TheJoinedLoadComesOncePerNodeOfTheNameInAnyNetwork) {
+  AddNode("N1", "W1", 2);
+  AddNode("N1", "S1", 0);
+  AddNode("N2", "W1", 9);   // the same name in another network
+  AddNode("N1", "X1", 17);  // a number without a name
+  ASSERT_TRUE(object_->SaveNodeResults("c1", {Result("W1", 10), Result("S1", 20), Result("X1", 1), Result("Z", 2)}));
+  std::vector<SimuNodeRecord> rs;
+  ASSERT_TRUE(object_->LoadCaseNodeResults("c1", rs));
+  // Z is in no network and is left out; W1 comes once per node of that name.
+  EXPECT_EQ(Named(rs), (Strings{"S1:0:注水站", "W1:2:注水井", "W1:9:虚拟井", "X1:17:"}));
+  EXPECT_EQ(rs[1].Pp, 10);
+  EXPECT_EQ(rs[1].ProjName, "c1");
+}
+
+TEST_F(NodeResultTest, DeletesUnderTheSecondNamesWorkOnlyWhereTheTableHasThem) {
+  ASSERT_TRUE(object_->SaveNodeResults("c1", {Result("A", 1), Result("B", 2), Result("C", 3)}));
+  sql_.clear();
+  EXPECT_TRUE(object_->DeleteSimuNodeResult("c1", "A"));
+  EXPECT_TRUE(object_->DeleteNodeResults("c1", {"B", "nothing"}));
+  EXPECT_EQ(sql_.texts("ExecuteSQL"), (Strings{"delete from r_simu_node where ProjName = 'c1' and SimuNode = 'A'",
+                                               "delete from r_simu_node where ProjeName = 'c1' and NodeName = 'B'",
+                                               "delete from r_simu_node where ProjeName = 'c1' and NodeName = 'nothing'"}));
+  EXPECT_EQ(Query("select NodeName from r_simu_node"), Strings{"C"});
+
+  // A table with only its own columns, as projects made before the second names have.
+  Exec("alter table r_simu_node drop column SimuNode");
+  Exec("alter table r_simu_node drop column ProjeName");
+  EXPECT_FALSE(object_->DeleteSimuNodeResult("c1", "C"));
+  EXPECT_FALSE(object_->DeleteNodeResults("c1", {"C"}));
+  EXPECT_EQ(Query("select NodeName from r_simu_node"), Strings{"C"});
+  EXPECT_TRUE(object_->DeleteNodeResult("c1", "C"));
+  EXPECT_TRUE(messages_.texts().empty());
+}
+
+// ---- the cases ----
+
+using CaseTest = ObjectTest<IProject, "IProject">;
+
+TEST_F(CaseTest, ACaseIsAddedOnceAndDeletingItLeavesItsResults) {
+  const CaseRecord c1{"c1", "N1", "2024-01-05", "张三", "初算", "2024-02-01"};
+  ASSERT_TRUE(object_->SaveCase(c1));
+  ASSERT_TRUE(object_->SaveCase({"a0", "N2", "", "", "", ""}));
+  ASSERT_TRUE(object_->SaveCase({"b0", "N1", "", "", "", ""}));
+  sql_.clear();
+  EXPECT_FALSE(object_->SaveCase({"c1", "N9", "", "", "", ""}));
+  EXPECT_EQ(sql_.texts(), Strings{"select * from r_project where projname='c1'"});
+  EXPECT_FALSE(object_->SaveCase({"", "N9", "", "", "", ""}));
+  EXPECT_FALSE(object_->SaveCase({"q'1", "N9", "", "", "", ""}));
+  EXPECT_EQ(messages_.texts(), (Strings{"工况 c1 已经存在！", "工况名称不能为空！"}));
+  for (const auto& m : messages_.messages()) EXPECT_EQ(m.caption, "错误信息");
+
+  CaseRecord back;
+  sql_.clear();
+  ASSERT_TRUE(object_->LoadCase("c1", back));
+  EXPECT_EQ(std::tie(back.ProjName, back.PipenetName, back.CreateDate, back.Creator, back.Memo, back.TestDate),
+            std::tie(c1.ProjName, c1.PipenetName, c1.CreateDate, c1.Creator, c1.Memo, c1.TestDate));
+  std::vector<CaseRecord> cases;
+  ASSERT_TRUE(object_->LoadNetworkCases("N1", cases));
+  ASSERT_EQ(cases.size(), 2u);
+  EXPECT_EQ(cases[0].ProjName, "b0");
+  ASSERT_TRUE(object_->LoadAllCases(cases));
+  EXPECT_EQ(cases.size(), 3u);
+  EXPECT_EQ(cases[0].ProjName, "a0");
+  Strings networks;
+  ASSERT_TRUE(object_->ListCaseNetworks(networks));
+  std::sort(networks.begin(), networks.end());
+  EXPECT_EQ(networks, (Strings{"N1", "N2"}));
+  EXPECT_EQ(sql_.texts(), (Strings{"select * from r_project where ProjName = 'c1'",
+                                   "select * from r_project where PipenetName = 'N1' order by  ProjName",
+                                   "select * from r_project order by projname",
+                                   "select distinct PipenetName from r_project"}));
+
+  auto eff = Make<ISimuEff>("ISimuEff");
+  ASSERT_TRUE(eff->SaveSimuEff("c1", SimuEffRecord{}));
+  sql_.clear();
+  EXPECT_TRUE(object_->DeleteCase("c1"));
+  EXPECT_EQ(sql_.texts(), Strings{"delete from r_project where ProjName = 'c1'"});
+  EXPECT_FALSE(object_->CaseExists("c1"));
+  EXPECT_TRUE(eff->SimuEffExists("c1"));
+  EXPECT_TRUE(object_->SaveCase({"c1", "N3", "", "", "", ""}));  // the name is free again
+}
+
+TEST_F(NodeResultTest, ManyRowsAreSavedInOneWriteWithTheirFlags) {
+  auto pumps = Make<IOptPump>("IOptPump");
+  std::vector<OptPumpRecord> many;
+  for (int i = 0; i < 40; ++i) {
+    OptPumpRecord r;
+    r.StaName = "S" + std::to_string(i / 10);
+    r.PumpCode = std::to_string(i % 10);
+    r.IsFreq = i % 3 == 0 ? '1' : '0';
+    r.PumpQ = i + 0.25;
+    many.push_back(r);
+  }
+  ASSERT_TRUE(pumps->SavePumpResults("c1", many));
+  ASSERT_TRUE(pumps->SavePumpResults("c1", many));  // replaces each (station, pump) again
+  std::vector<OptPumpRecord> back;
+  ASSERT_TRUE(pumps->LoadCasePumpResults("c1", back));
+  ASSERT_EQ(back.size(), 40u);
+  for (int i = 0; i < 40; ++i) {
+    EXPECT_EQ(back[i].PumpCode, many[i].PumpCode);
+    EXPECT_EQ(back[i].IsFreq, many[i].IsFreq);
+    EXPECT_EQ(back[i].PumpQ, many[i].PumpQ);
+  }
+}
+
+// ---- the host ----
+
+class ResultsCommandTest : public ProjectTest {
+ protected:
+  void SetUp() override {
+    ProjectTest::SetUp();
+    if (onServer()) return;
+    // W1 is also a node of N2, of a type the joined load gives first.
+    auto nodes = Make<INode>("INode");
+    for (const auto& [net, name, type] : {std::tuple{"N1", "S1", 0}, {"N1", "W1", 2}, {"N2", "W1", 1}}) {
+      NodeRecord n;
+      n.PipenetName = net, n.NodeName = name, n.NodeType = type;
+      ASSERT_TRUE(nodes->SaveNode(n));
+    }
+    PipeRecord pipe;
+    pipe.PipenetName = "N1", pipe.PipeName = "P1", pipe.PipeType = 1, pipe.Diameter = 114, pipe.Thickness = 7;
+    ASSERT_TRUE(Make<IPipe>("IPipe")->SavePipe(pipe));
+    ASSERT_TRUE(Make<IProject>("IProject")->SaveCase({"c1", "N1", "2024-01-05", "张三", "a, b", ""}));
+    SimuNodeRecord s1, w1;
+    s1.NodeName = "S1", s1.Pp = 16.5, s1.Pq = 1200, s1.Station = "S1";
+    w1.NodeName = "W1", w1.Pp = 15.25, w1.Pq = -300;
+    ASSERT_TRUE(Make<ISimuNode>("ISimuNode")->SaveNodeResults("c1", {w1, s1}));
+    SimuPipeRecord p1;
+    p1.PipeName = "P1", p1.PipeQ = 1200;
+    ASSERT_TRUE(Make<ISimuPipe>("ISimuPipe")->SavePipeResults("c1", {p1}));
+    ASSERT_TRUE(Make<ISimuSta>("ISimuSta")->SaveStationResults("c1", {{"", "S1", 0.8, 1.5, 0.7}}));
+    OptPumpRecord pump;
+    pump.StaName = "S1", pump.PumpCode = "1", pump.PumpModel = "D155", pump.IsFreq = '1', pump.PumpQ = 1200;
+    ASSERT_TRUE(Make<IOptPump>("IOptPump")->SavePumpResults("c1", {pump}));
+    SimuEffRecord eff;
+    eff.SysEff = 0.55;
+    ASSERT_TRUE(Make<ISimuEff>("ISimuEff")->SaveSimuEff("c1", eff));
+  }
+};
+
+TEST_F(ResultsCommandTest, PrintsACaseAsTablesAndAsCsv) {
+  PETRODB_SKIP_ON_SERVER();
+  const auto text = RunPetrodb("results " + file_ + " c1");
+  ASSERT_EQ(text.code, 0) << text.output;
+  // W1 once, with the type of its node in the case's network; P1 at 1200 m3/d
+  // through a 100 mm bore.
+  for (const char* line : {"case c1 of network N1\n  creator 张三, created 2024-01-05, tested -\n  memo a, b\n",
+                           "nodes (2)\n  node type   station Pp0 Bp    Pp   Pq Sp Jp Jp0 Jq Tzsl\n"
+                           "  S1   注水站 S1        0  0  16.5 1200  0  0   0  0    0\n"
+                           "  W1   注水井           0  0 15.25 -300  0  0   0  0    0\npipes (1)\n",
+                           "  P1   注水干线          1200        1.768     0  0       0\n",
+                           "stations, optimised (0)\npumps, optimised (1)\n", "  simulated SysEff      0.55\n"})
+    EXPECT_NE(text.output.find(line), std::string::npos) << line << "\n" << text.output;
+
+  const auto csv = RunPetrodb("results --csv " + file_ + " c1");
+  ASSERT_EQ(csv.code, 0) << csv.output;
+  EXPECT_EQ(csv.output.substr(0, csv.output.find("\nsection,station,")),
+            "section,case,network,creator,created,tested,memo\n"
+            "case,c1,N1,张三,2024-01-05,,\"a, b\"\n\n"
+            "section,node,type,station,Pp0,Bp,Pp,Pq,Sp,Jp,Jp0,Jq,Tzsl\n"
+            "node,S1,注水站,S1,0,0,16.5,1200,0,0,0,0,0\n"
+            "node,W1,注水井,,0,0,15.25,-300,0,0,0,0,0\n\n"
+            "section,pipe,type,station,PipeQ,velocity m/s,Detap,Kf,Deltpow\n"
+            "pipe,P1,注水干线,,1200,1.768,0,0,0\n");
+
+  const auto missing = RunPetrodb("results " + file_ + " c9");
+  EXPECT_EQ(missing.code, 1);
+  EXPECT_NE(missing.output.find("petrodb: no case \"c9\" in " + file_ + " (its cases: c1)"), std::string::npos)
+      << missing.output;
+  EXPECT_EQ(RunPetrodb("results " + file_).code, 2);
+  EXPECT_EQ(RunPetrodb("results " + file_ + " c1 --tsv").code, 2);
+}
+
+}  // namespace
+}  // namespace petrodb::test
