@@ -20,16 +20,13 @@ constexpr Pattern<"delete from n_nodes where PipenetName = '%s' and NodeName = '
 
 constexpr const char* kTable = "n_nodes";
 
-constexpr std::array<const char*, 12> kTypeNames{"注水站", "配水间", "注水井", "管汇点", "水罐", "注水泵",
-                                                 "阀门",   "流量计", "压力表", "虚拟井", "弯头", "大小头"};
-
 const ColumnTable<NodeRecord> kNodeColumns{kTable, {
     Col("PipenetName", &NodeRecord::PipenetName),
     Col("NodeName", &NodeRecord::NodeName),
     Col("NodeX", &NodeRecord::NodeX),
     Col("NodeY", &NodeRecord::NodeY),
     Col("NodeZ", &NodeRecord::NodeZ),
-    TypeColumn("NodeType", &NodeRecord::NodeType, &NodeRecord::TypeName, kTypeNames),
+    TypeColumn("NodeType", &NodeRecord::NodeType, &NodeRecord::TypeName, network::kNodeTypeNames),
     Col("NodeColor", &NodeRecord::NodeColor),
     Col("ParentNodeName", &NodeRecord::ParentNodeName),
     Col("Memo", &NodeRecord::Memo),

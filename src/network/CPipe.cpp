@@ -18,14 +18,13 @@ constexpr Pattern<"delete from n_pipes where PipenetName = '%s' and PipeName = '
 
 constexpr const char* kTable = "n_pipes";
 
-constexpr std::array<const char*, 4> kTypeNames{"出站干线", "注水干线", "支线", "连络线"};
 
 const ColumnTable<PipeRecord> kPipeColumns{kTable, {
     Col("PipenetName", &PipeRecord::PipenetName),
     Col("PipeName", &PipeRecord::PipeName),
     Col("Node1", &PipeRecord::Node1),
     Col("Node2", &PipeRecord::Node2),
-    TypeColumn("PipeType", &PipeRecord::PipeType, &PipeRecord::TypeName, kTypeNames),
+    TypeColumn("PipeType", &PipeRecord::PipeType, &PipeRecord::TypeName, network::kPipeTypeNames),
     Col("Diameter", &PipeRecord::Diameter),
     Col("Thickness", &PipeRecord::Thickness),
     Col("Length", &PipeRecord::Length),

@@ -14,6 +14,12 @@ namespace petrodb::network {
 
 inline constexpr Message kSaveFailed = ErrorMessage("保存数据库出错！");
 
+// The names of the node and pipe type numbers, given beside the number by node
+// and pipe loads and by the case loads joined to them.
+inline constexpr std::array<const char*, 12> kNodeTypeNames{"注水站", "配水间", "注水井", "管汇点", "水罐",   "注水泵",
+                                                            "阀门",   "流量计", "压力表", "虚拟井", "弯头", "大小头"};
+inline constexpr std::array<const char*, 4> kPipeTypeNames{"出站干线", "注水干线", "支线", "连络线"};
+
 // A type number column whose reading also sets the type name: names[type], or
 // "" for a number outside the table. The name is not a column and is not written.
 template <class Record, std::size_t N>

@@ -28,12 +28,6 @@
 
 namespace petrodb::network {
 
-// The names of the node and pipe type numbers, which the joined case loads
-// give beside the number.
-inline constexpr std::array<const char*, 12> kNodeTypeNames{"注水站", "配水间", "注水井", "管汇点", "水罐",   "注水泵",
-                                                            "阀门",   "流量计", "压力表", "虚拟井", "弯头", "大小头"};
-inline constexpr std::array<const char*, 4> kPipeTypeNames{"出站干线", "注水干线", "支线", "连络线"};
-
 // The element keys of a result row after its case name.
 template <std::size_t K>
 using ElementKeys = std::array<const char*, K>;
