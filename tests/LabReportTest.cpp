@@ -30,7 +30,33 @@ std::string SelectList(const std::string& columns) {
   return text + "b.WellID from ";
 }
 
-struct SampleCase {
+// "WellID = 'w' and <column> = 'k' and TableDate = 'd' ", the regular natural key.
+std::string WellKey(const std::string& well, const std::string& column, const std::string& key,
+                    const std::string& date) {
+  return "WellID = '" + well + "' and " + column + " = '" + key + "' and TableDate = '" + date + "' ";
+}
+
+// What a kind has unless it says otherwise: an update that cannot run, no checked insert
+// text or messages, the identifier found by the natural key, and row statements whose
+// texts are not checked (the regular shapes are checked on the sample analysis kind, the
+// odd ones where a kind has them).
+template <class Self>
+struct Defaults {
+  static constexpr bool kUpdateRuns = false;
+  static constexpr const char* kInsert = nullptr;
+  static constexpr const char* kTableMissing = nullptr;
+  static constexpr const char* kEmptyList = nullptr;
+  static constexpr const char* kDataTableMissing = nullptr;
+  template <class H>
+  static std::string IdKey(const H& h) {
+    return Self::Key(h);
+  }
+  static std::string LoadRowsText(int) { return ""; }
+  static std::string RowExistsText(int) { return ""; }
+  static std::string DeleteRowText(int) { return ""; }
+};
+
+struct SampleCase : Defaults<SampleCase> {
   using HI = ISampleAnalysis;
   using H = SampleAnalysisRecord;
   using DI = ISampleAnalysisData;
@@ -68,11 +94,7 @@ struct SampleCase {
   static bool Load(HI& o, const H& k, H& out) {
     return o.LoadSampleAnalysis(k.WellID.c_str(), k.SampleNumber.c_str(), k.TableDate.c_str(), out);
   }
-  static std::string Key(const H& h) {
-    return "WellID = '" + h.WellID + "' and SampleNumber = '" + h.SampleNumber + "' and TableDate = '" + h.TableDate +
-           "' ";
-  }
-  static std::string IdKey(const H& h) { return Key(h); }
+  static std::string Key(const H& h) { return WellKey(h.WellID, "SampleNumber", h.SampleNumber, h.TableDate); }
   static std::string Update(const H& h) {
     return "update W_SAMPLE_ANALYSIS set ToolType = '" + h.ToolType + "',TableCreator = '" + h.TableCreator +
            "',Description = '" + h.Description + "'where WellID = '" + h.WellID + "' and SampleNumber = '" +
@@ -119,7 +141,7 @@ struct SampleCase {
   }
 };
 
-struct StressCase {
+struct StressCase : Defaults<StressCase> {
   using HI = IStressTestSampling;
   using H = StressTestSamplingRecord;
   using DI = IStressTestSamplingData;
@@ -129,11 +151,6 @@ struct StressCase {
   static constexpr const char* kTable = "W_STRESS_TESTING_SAMPLING";
   static constexpr const char* kDataTable = "W_STRESS_TESTING_SAMPLING_DATA";
   static constexpr const char* kID = "SamplingID";
-  static constexpr bool kUpdateRuns = false;
-  static constexpr const char* kInsert = nullptr;
-  static constexpr const char* kTableMissing = nullptr;
-  static constexpr const char* kEmptyList = nullptr;
-  static constexpr const char* kDataTableMissing = nullptr;
   static constexpr auto id = &H::SamplingID;
   static constexpr auto save = &HI::SaveStressTestSampling;
   static constexpr auto saveList = &HI::SaveStressTestSamplings;
@@ -155,10 +172,7 @@ struct StressCase {
   static bool Load(HI& o, const H& k, H& out) {
     return o.LoadStressTestSampling(k.WellID.c_str(), k.TestTime.c_str(), k.TableDate.c_str(), out);
   }
-  static std::string Key(const H& h) {
-    return "WellID = '" + h.WellID + "' and TestTime = '" + h.TestTime + "' and TableDate = '" + h.TableDate + "' ";
-  }
-  static std::string IdKey(const H& h) { return Key(h); }
+  static std::string Key(const H& h) { return WellKey(h.WellID, "TestTime", h.TestTime, h.TableDate); }
   static std::string Update(const H& h) {
     return "update W_STRESS_TESTING_SAMPLING set DescentTimes = '2',TotalCount = '31', TestCount = '28', "
            "SealseatCount = '3',EffectiveCount = '" +
@@ -173,32 +187,15 @@ struct StressCase {
             "好", 1.05,       88.5,       "正常",     "中", "点" + N(n), ""};
   }
   static bool LoadRows(DI& d, int id, std::vector<Row>& rows) { return d.LoadReportStressTestSamplingRows(id, rows); }
-  static std::string LoadRowsText(int id) {
-    return SelectList(
-               "SamplingID SequenceNum MD TVD PreMudColumnPressure PressureValue StrataPressure "
-               "AfterMudColumnPressure FluidityEstimate StrataPressureCoefficient FormationTemperature "
-               "SpotPressureType EvaluatePermeability Description") +
-           "W_STRESS_TESTING_SAMPLING_DATA  a LEFT JOIN W_STRESS_TESTING_SAMPLING  b ON a.SamplingID = b.SamplingID "
-           "where a.SamplingID = " +
-           N(id);
-  }
   static bool RowExists(DI& d, const Row& r) {
     return d.StressTestSamplingRowExists(r.SamplingID, r.SequenceNum.c_str(), r.MD);
   }
   static bool DeleteRow(DI& d, const Row& r) {
     return d.DeleteStressTestSamplingRow(r.SamplingID, r.SequenceNum.c_str(), r.MD);
   }
-  static std::string RowExistsText(int id) {
-    return "select * from W_STRESS_TESTING_SAMPLING_DATA where SamplingID = " + N(id) +
-           " and SequenceNum = 'N3' and MD = '2103.500000' ";
-  }
-  static std::string DeleteRowText(int id) {
-    return "delete from W_STRESS_TESTING_SAMPLING_DATA where SamplingID = " + N(id) +
-           " and SequenceNum = 'N3' and MD = '2103.500000'";
-  }
 };
 
-struct MarkerCase {
+struct MarkerCase : Defaults<MarkerCase> {
   using HI = IMarkerTest;
   using H = MarkerTestRecord;
   using DI = IMarkerTestData;
@@ -208,11 +205,6 @@ struct MarkerCase {
   static constexpr const char* kTable = "W_MARKER_TESTING";
   static constexpr const char* kDataTable = "W_MARKER_TESTING_DATA";
   static constexpr const char* kID = "TestID";
-  static constexpr bool kUpdateRuns = false;
-  static constexpr const char* kInsert = nullptr;
-  static constexpr const char* kTableMissing = nullptr;
-  static constexpr const char* kEmptyList = nullptr;
-  static constexpr const char* kDataTableMissing = nullptr;
   static constexpr auto id = &H::TestID;
   static constexpr auto save = &HI::SaveMarkerTest;
   static constexpr auto saveList = &HI::SaveMarkerTests;
@@ -235,10 +227,7 @@ struct MarkerCase {
   static bool Load(HI& o, const H& k, H& out) {
     return o.LoadMarkerTest(k.WellID.c_str(), k.TestNumber.c_str(), k.TableDate.c_str(), out);
   }
-  static std::string Key(const H& h) {
-    return "WellID = '" + h.WellID + "' and TestNumber = '" + h.TestNumber + "' and TableDate = '" + h.TableDate + "' ";
-  }
-  static std::string IdKey(const H& h) { return Key(h); }
+  static std::string Key(const H& h) { return WellKey(h.WellID, "TestNumber", h.TestNumber, h.TableDate); }
   static std::string Update(const H& h) {
     return "update W_MARKER_TESTING set BeginWellSection = 'S3',EndWellSection = 'S4',Begintime = '8:00',Endtime = "
            "'20:00',CumOilProduction = '" +
@@ -252,18 +241,13 @@ struct MarkerCase {
     return {id, "一开", "T" + N(n), 8.5, N(n), 18.25 + n, 2.5, 71.5, 20.5, 12.5 * n, 0, 3.25, ""};
   }
   static bool LoadRows(DI& d, int id, std::vector<Row>& rows) { return d.LoadReportMarkerTestRows(id, rows); }
-  static std::string LoadRowsText(int id) {
-    return SelectList(
-               "TestID TestingProgram TestNumber TestDuration Cherries BottomPressure WellheadPressure "
-               "BottomTemperature WellheadTemperature OilFlow GasFlow WaterFlow") +
-           "W_MARKER_TESTING_DATA  a LEFT JOIN W_MARKER_TESTING  b ON a.TestID = b.TestID where a.TestID = " + N(id);
-  }
   static bool RowExists(DI& d, const Row& r) {
     return d.MarkerTestRowExists(r.TestID, r.TestingProgram.c_str(), r.Cherries.c_str());
   }
   static bool DeleteRow(DI& d, const Row& r) {
     return d.DeleteMarkerTestRow(r.TestID, r.TestingProgram.c_str(), r.Cherries.c_str());
   }
+  // The exists statement lacks a blank before its second "and".
   static std::string RowExistsText(int id) {
     return "select * from W_MARKER_TESTING_DATA where TestID = " + N(id) +
            " and TestingProgram = '一开'and Cherries = '3'";
@@ -274,7 +258,7 @@ struct MarkerCase {
   }
 };
 
-struct CementCase {
+struct CementCase : Defaults<CementCase> {
   using HI = ICementationQuaEval;
   using H = CementationQuaEvalRecord;
   using DI = IQuaEvalData;
@@ -284,10 +268,6 @@ struct CementCase {
   static constexpr const char* kTable = "W_CEMENT_QUALITY_EVALUATION";
   static constexpr const char* kDataTable = "W_QUALITY_EVALUATION_DATA";
   static constexpr const char* kID = "EvaluationID";
-  static constexpr bool kUpdateRuns = false;
-  static constexpr const char* kInsert = nullptr;
-  static constexpr const char* kTableMissing = nullptr;
-  static constexpr const char* kEmptyList = nullptr;
   static constexpr const char* kDataTableMissing = "测压取样数据表为空！";
   static constexpr auto id = &H::EvaluationID;
   static constexpr auto save = &HI::SaveCementationQuaEval;
@@ -340,14 +320,6 @@ struct CementCase {
   }
   static bool RowExists(DI& d, const Row& r) { return d.QuaEvalRowExists(r.EvaluationID, r.TopDepth, r.BottomDepth); }
   static bool DeleteRow(DI& d, const Row& r) { return d.DeleteQuaEvalRow(r.EvaluationID, r.TopDepth, r.BottomDepth); }
-  static std::string RowExistsText(int id) {
-    return "select * from W_QUALITY_EVALUATION_DATA where EvaluationID = " + N(id) +
-           " and TopDepth = '1803.000000' and BottomDepth = '1804.000000' ";
-  }
-  static std::string DeleteRowText(int id) {
-    return "delete from W_QUALITY_EVALUATION_DATA where EvaluationID = " + N(id) +
-           " and TopDepth = '1803.000000' and BottomDepth = '1804.000000'";
-  }
 };
 
 template <class C>
@@ -401,7 +373,6 @@ TYPED_TEST(LabReportSuite, NewHeadersAreNumberedByTheDatabaseAndFoundByKeyWellAn
     EXPECT_EQ(inserts[0].substr(0, inserts[0].find(" values")), C::kInsert);
   }
   const int second = this->Report("W1", "K2"), third = this->Report("W2", "K1");
-  EXPECT_GT(first.*C::id, 0);
   EXPECT_EQ(this->Ids(), (std::vector<std::string>{N(first.*C::id), N(second), N(third)}));
 
   typename C::H back;
@@ -493,14 +464,16 @@ TYPED_TEST(LabReportSuite, AListIsSavedWholeOrNotAtAll) {
   }
 }
 
-TYPED_TEST(LabReportSuite, RowsAreAppendedLoadedWithTheirWellAndDeletedByKey) {
+TYPED_TEST(LabReportSuite, RowsAreAppendedLoadedDeletedByKeyAndNotSavedIntoAMissingTable) {
   using C = TypeParam;
   auto& d = *this->rows_;
   const int id = this->Report("W1", "K1", 20);  // enough rows for the server's bulk path
   std::vector<typename C::Row> rows(1);
   this->sql_.clear();
   ASSERT_TRUE(C::LoadRows(d, id, rows));
-  EXPECT_EQ(this->sql_.texts(), std::vector<std::string>{C::LoadRowsText(id)});
+  if (!C::LoadRowsText(id).empty()) {
+    EXPECT_EQ(this->sql_.texts(), std::vector<std::string>{C::LoadRowsText(id)});
+  }
   ASSERT_EQ(rows.size(), 20u);
   auto expected = C::MakeRow(id, 7);
   expected.WellID = "W1";
@@ -514,8 +487,10 @@ TYPED_TEST(LabReportSuite, RowsAreAppendedLoadedWithTheirWellAndDeletedByKey) {
   EXPECT_TRUE(C::RowExists(d, third));
   ASSERT_TRUE(C::DeleteRow(d, third));
   EXPECT_FALSE(C::RowExists(d, third));
-  EXPECT_EQ(this->sql_.texts(),
-            (std::vector<std::string>{C::RowExistsText(id), C::DeleteRowText(id), C::RowExistsText(id)}));
+  if (!C::RowExistsText(id).empty()) {
+    EXPECT_EQ(this->sql_.texts(),
+              (std::vector<std::string>{C::RowExistsText(id), C::DeleteRowText(id), C::RowExistsText(id)}));
+  }
   EXPECT_EQ(this->RowCount(id), 20u);
 
   ASSERT_TRUE((d.*C::deleteRows)(id));
@@ -524,6 +499,10 @@ TYPED_TEST(LabReportSuite, RowsAreAppendedLoadedWithTheirWellAndDeletedByKey) {
   EXPECT_EQ(this->RowCount(id), 0u);
   EXPECT_FALSE(C::LoadRows(d, id, rows));
   EXPECT_TRUE(rows.empty());
+
+  this->Exec(std::string("drop table ") + C::kDataTable);
+  EXPECT_FALSE((d.*C::saveRows)({C::MakeRow(id, 1)}));
+  EXPECT_EQ(this->messages_.texts(), this->Texts(C::kDataTableMissing));
 }
 
 TYPED_TEST(LabReportSuite, DeletingAReportDeletesItsRowsFirstEvenWhenTheHeaderDeleteFails) {
@@ -592,13 +571,6 @@ TYPED_TEST(LabReportSuite, AProjectsRowsAreDeletedOneIdentifierAtATime) {
   EXPECT_EQ(this->sql_.texts().size(), 1u);  // no header, no delete
 }
 
-TYPED_TEST(LabReportSuite, RowsAreNotSavedIntoAMissingTable) {
-  using C = TypeParam;
-  this->Exec(std::string("drop table ") + C::kDataTable);
-  EXPECT_FALSE((this->rows_.get()->*C::saveRows)({C::MakeRow(1, 1)}));
-  EXPECT_EQ(this->messages_.texts(), this->Texts(C::kDataTableMissing));
-}
-
 // What one kind adds: loads per depth, per programme and per project, moving rows.
 class LabReportExtras : public ProjectTest {};
 
@@ -614,7 +586,8 @@ TEST_F(LabReportExtras, PressureRowsLoadByDepthAndProjectAndMoveToAnotherReport)
   ASSERT_TRUE(data->LoadStressTestSamplingRows(a.SamplingID, 2101.5, rows));
   ASSERT_EQ(rows.size(), 1u);
   EXPECT_EQ(rows[0].SequenceNum, "N1");
-  EXPECT_EQ(sql_.texts().at(0), StressCase::LoadRowsText(a.SamplingID) + " and a.MD = 2101.500000");
+  EXPECT_TRUE(sql_.texts().at(0).ends_with(" where a.SamplingID = " + N(a.SamplingID) + " and a.MD = 2101.500000"))
+      << sql_.texts().at(0);
   ASSERT_TRUE(data->LoadProjectStressTestSamplingRows("P", rows));
   EXPECT_EQ(rows.size(), 2u);
   EXPECT_FALSE(data->LoadProjectStressTestSamplingRows("Q", rows));
@@ -639,7 +612,8 @@ TEST_F(LabReportExtras, MarkerRowsLoadByProgrammeAndCementRowsByProjectThroughAn
   std::vector<MarkerTestRow> rows;
   sql_.clear();
   ASSERT_TRUE(testRows->LoadMarkerTestRows(t.TestID, "二开", rows));
-  EXPECT_EQ(sql_.texts().at(0), MarkerCase::LoadRowsText(t.TestID) + " and a.TestingProgram = '二开'");
+  EXPECT_TRUE(sql_.texts().at(0).ends_with(" where a.TestID = " + N(t.TestID) + " and a.TestingProgram = '二开'"))
+      << sql_.texts().at(0);
   ASSERT_EQ(rows.size(), 1u);
   EXPECT_EQ(rows[0].Cherries, "2");
   ASSERT_TRUE(testRows->LoadProjectMarkerTestRows("P", rows));

@@ -3,6 +3,7 @@
 // the messages.
 #include <cstdio>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "TestSupport.h"
@@ -15,8 +16,8 @@ class ProductionDataTest : public ObjectTest<IProductionData, "IProductionData">
  protected:
   void SetUp() override {
     ObjectTest::SetUp();
-    for (const char* w : {"W1", "W2", "W3"}) Exec(std::string("insert into w_well_data (WellID, ProjectName) values ('") + w + "', 'North')");
-    Exec("insert into w_well_data (WellID, ProjectName) values ('S1', 'South')");
+    for (const char* w : {"'W1', 'North'", "'W2', 'North'", "'W3', 'North'", "'S1', 'South'"})
+      Exec(std::string("insert into w_well_data (WellID, ProjectName) values (") + w + ")");
   }
   // Day n of a history as text, e.g. "2023-03-14".
   static std::string Day(int n) {
@@ -75,9 +76,8 @@ TEST_F(ProductionDataTest, SavingReplacesTheWellsRowsOfTheSameDatesOnly) {
   EXPECT_EQ(loaded.wellId, "W2");
   ASSERT_EQ(loaded.records.size(), 301u);
   EXPECT_EQ(loaded.records[1].ProductTime, Day(0));
-  EXPECT_EQ(loaded.records[300].ProductTime, Day(299));
-  EXPECT_EQ(loaded.records[300].DailyOilProduction, 598);
-  EXPECT_EQ(loaded.records[300].Demo, "d299");
+  const ProductionRecord& last = loaded.records[300];
+  EXPECT_EQ(std::tie(last.ProductTime, last.DailyOilProduction, last.Demo), std::tuple(Day(299), 598.0, "d299"));
   EXPECT_TRUE(object_->HasProduction("W2"));
   EXPECT_FALSE(object_->HasProduction("S1"));
 }
@@ -120,9 +120,8 @@ TEST_F(ProductionDataTest, OneDateOfABlockAsksForAsManyWellsAsTheListHeld) {
   ASSERT_EQ(out.size(), 1u);
   EXPECT_EQ(out[0].wellId, "W1");
   ASSERT_EQ(out[0].records.size(), 1u);
-  EXPECT_EQ(out[0].records[0].ProductTime, Day(3));
-  EXPECT_EQ(out[0].records[0].Block, "B1");
-  EXPECT_EQ(out[0].records[0].DailyOilProduction, 3);
+  const ProductionRecord& r = out[0].records[0];
+  EXPECT_EQ(std::tie(r.ProductTime, r.Block, r.DailyOilProduction), std::tuple(Day(3), "B1", 3.0));
 
   out.resize(5);
   ASSERT_TRUE(object_->LoadBlockProductionAtTime("North", "B1", Day(4).c_str(), out));

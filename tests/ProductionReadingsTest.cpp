@@ -12,15 +12,15 @@
 namespace petrodb::test {
 namespace {
 
+using Strings = std::vector<std::string>;
+
 class WellTestTest : public ObjectTest<IWellTest, "IWellTest"> {
  protected:
   void SetUp() override {
     ObjectTest::SetUp();
     // Net1 holds wells J1, J2 (type 2) and a station node also named J3 (type 0); Net2 holds J3 as a well.
-    Exec("insert into n_nodes (PipenetName, NodeName, NodeType) values ('Net1', 'J1', 2)");
-    Exec("insert into n_nodes (PipenetName, NodeName, NodeType) values ('Net1', 'J2', 2)");
-    Exec("insert into n_nodes (PipenetName, NodeName, NodeType) values ('Net1', 'J3', 0)");
-    Exec("insert into n_nodes (PipenetName, NodeName, NodeType) values ('Net2', 'J3', 2)");
+    for (const char* node : {"'Net1', 'J1', 2", "'Net1', 'J2', 2", "'Net1', 'J3', 0", "'Net2', 'J3', 2"})
+      Exec(std::string("insert into n_nodes (PipenetName, NodeName, NodeType) values (") + node + ")");
   }
   // The day's literal in the project's dialect.
   std::string On(int day) const {
@@ -29,7 +29,7 @@ class WellTestTest : public ObjectTest<IWellTest, "IWellTest"> {
   WellTestRecord Reading(const std::string& jh, int day, double rzsl) const {
     return {jh, On(day), 24, 100, rzsl, 9.5, 8.5, 2.5, 1};
   }
-  std::vector<std::string> Stored() {
+  Strings Stored() {
     return Query("select Jh || ' ' || Scrq || ' ' || cast(Rzsl as integer) from d_well_test order by Jh, Scrq");
   }
 };
@@ -38,13 +38,12 @@ TEST_F(WellTestTest, AReadingReplacesItsDayOnly) {
   ASSERT_TRUE(object_->SaveWellTests({Reading("J1", 5, 10), Reading("J1", 6, 11), Reading("J2", 5, 12)}));
   sql_.clear();
   ASSERT_TRUE(object_->SaveWellTest(Reading("J1", 5, 20)));
-  EXPECT_EQ(sql_.texts("ExecuteSQL"), std::vector<std::string>{"delete from d_well_test where Jh = 'J1'and Scrq = " + On(5)});
-  EXPECT_EQ(Stored(), (std::vector<std::string>{"J1 2024-01-05 00:00:00 20", "J1 2024-01-06 00:00:00 11",
+  EXPECT_EQ(sql_.texts("ExecuteSQL"), Strings{"delete from d_well_test where Jh = 'J1'and Scrq = " + On(5)});
+  EXPECT_EQ(Stored(), (Strings{"J1 2024-01-05 00:00:00 20", "J1 2024-01-06 00:00:00 11",
                                                 "J2 2024-01-05 00:00:00 12"}));
   WellTestRecord loaded;
   ASSERT_TRUE(object_->LoadWellTest("J1", On(5).c_str(), loaded));
-  EXPECT_EQ(loaded.Scrq, "2024-01-05 00:00:00");
-  EXPECT_EQ(loaded.Rzsl, 20);
+  EXPECT_EQ(loaded.Scrq + " " + std::to_string(int(loaded.Rzsl)), "2024-01-05 00:00:00 20");
   EXPECT_TRUE(object_->WellTestExists("J1", On(6).c_str()));
   EXPECT_FALSE(object_->WellTestExists("J1", On(7).c_str()));
 
@@ -79,18 +78,18 @@ TEST_F(WellTestTest, NetworkReadsAndDeletesTouchOnlyItsInjectionWells) {
   ASSERT_TRUE(object_->LoadPipenetWellTests("Net1", rows));
   ASSERT_EQ(rows.size(), 3u);
   EXPECT_EQ(rows[0].Scrq, "2024-01-06 00:00:00");  // latest first
-  std::vector<std::string> dates;
+  Strings dates;
   ASSERT_TRUE(object_->ListPipenetTestDates("Net2", dates));
-  EXPECT_EQ(dates, std::vector<std::string>{"2024-01-05 00:00:00"});
-  std::vector<std::string> wells;
+  EXPECT_EQ(dates, Strings{"2024-01-05 00:00:00"});
+  Strings wells;
   ASSERT_TRUE(object_->ListWellsWithTests({"J3", "J9"}, wells));
-  EXPECT_EQ(wells, std::vector<std::string>{"J3"});
+  EXPECT_EQ(wells, Strings{"J3"});
 
   sql_.clear();
   ASSERT_TRUE(object_->DeletePipenetWellTests("Net1"));
-  EXPECT_EQ(sql_.texts(), std::vector<std::string>{"delete from d_well_test where Jh in ( select NodeName from n_nodes "
+  EXPECT_EQ(sql_.texts(), Strings{"delete from d_well_test where Jh in ( select NodeName from n_nodes "
                                                    "where PipenetName = 'Net1' and NodeType = 2 )"});
-  EXPECT_EQ(Query("select Jh from d_well_test"), std::vector<std::string>{"J3"});
+  EXPECT_EQ(Query("select Jh from d_well_test"), Strings{"J3"});
   ASSERT_TRUE(object_->DeleteWellTestsOfWells({"J3"}));
   EXPECT_FALSE(object_->LoadAllWellTests(rows));
   EXPECT_TRUE(rows.empty());
@@ -104,7 +103,7 @@ TEST_F(WellTestTest, EmptyKeysAndAMissingTableShowTheirMessages) {
   Exec("drop table d_well_test");
   EXPECT_FALSE(object_->SaveWellTest(Reading("J1", 5, 1)));
   EXPECT_FALSE(object_->WellTestExists("J1", On(5).c_str()));
-  EXPECT_EQ(messages_.texts(), (std::vector<std::string>{"注水井号不能为空！", "生产日期不能为空！", "管网名称不能为空！",
+  EXPECT_EQ(messages_.texts(), (Strings{"注水井号不能为空！", "生产日期不能为空！", "管网名称不能为空！",
                                                          "注水井日生产数据表为空！"}));
   for (const auto& m : messages_.messages()) EXPECT_EQ(m.caption, "错误信息");
 }
@@ -119,18 +118,18 @@ TEST_F(StaTestTest, StationsAreTheNetworksNodesOfTypeZero) {
   std::vector<StaTestRecord> rows;
   sql_.clear();
   ASSERT_TRUE(object_->LoadPipenetStaTestsAt("Net1", day.c_str(), rows));
-  EXPECT_EQ(sql_.texts(), std::vector<std::string>{"select * from d_sta_test where Scrq = " + day +
+  EXPECT_EQ(sql_.texts(), Strings{"select * from d_sta_test where Scrq = " + day +
                                                    " and StaName in ( select NodeName from n_nodes where PipenetName "
                                                    "= 'Net1' and NodeType = 0 ) order by StaName"});
   ASSERT_EQ(rows.size(), 1u);
   EXPECT_EQ(rows[0].Xnsl, 5);
-  std::vector<std::string> stations;
+  Strings stations;
   ASSERT_TRUE(object_->ListTestedStations(stations));
   EXPECT_EQ(stations.size(), 2u);
   ASSERT_TRUE(object_->DeletePipenetStaTests("Net1"));
-  EXPECT_EQ(Query("select StaName from d_sta_test"), std::vector<std::string>{"S2"});
+  EXPECT_EQ(Query("select StaName from d_sta_test"), Strings{"S2"});
   EXPECT_FALSE(object_->SaveStaTest({"", day, 0, 0, 0, 0, 0}));
-  EXPECT_EQ(messages_.texts(), std::vector<std::string>{"注水站名称不能为空！"});
+  EXPECT_EQ(messages_.texts(), Strings{"注水站名称不能为空！"});
 }
 
 }  // namespace

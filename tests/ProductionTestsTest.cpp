@@ -21,15 +21,19 @@ namespace {
 using Strings = std::vector<std::string>;
 
 // Net1 holds station S1 (type 0) and a pump node named S2 (type 5); Net2 holds S2 as a station.
+// The day's literal in the project's dialect.
+std::string On(bool jet, int month, int day) {
+  const std::string m = std::to_string(month), d = std::to_string(day);
+  return jet ? "#2024-" + m + "-" + d + "#" : "'2024-0" + m + "-0" + d + "'";
+}
+
 const Strings kNetworks{"insert into n_nodes (PipenetName, NodeName, NodeType) values ('Net1', 'S1', 0)",
                         "insert into n_nodes (PipenetName, NodeName, NodeType) values ('Net1', 'S2', 5)",
                         "insert into n_nodes (PipenetName, NodeName, NodeType) values ('Net2', 'S2', 0)"};
 
 class MpTestTest : public ObjectTest<IMpTest, "IMpTest"> {
  protected:
-  std::string On(int day) const {
-    return jet() ? "#2024-3-" + std::to_string(day) + "#" : "'2024-03-0" + std::to_string(day) + "'";
-  }
+  std::string On(int day) const { return test::On(jet(), 3, day); }
   MpTestRecord Reading(const char* sta, const char* pump, int day, double flow) const {
     return {sta, pump, On(day), flow, 1.5, 0.5, 2};
   }
@@ -105,9 +109,7 @@ TEST_F(MpTestTest, NetworkStatementsAndThePumpView) {
 
 class MpDataTest : public ObjectTest<IMpData, "IMpData"> {
  protected:
-  std::string On(int day) const {
-    return jet() ? "#2024-4-" + std::to_string(day) + "#" : "'2024-04-0" + std::to_string(day) + "'";
-  }
+  std::string On(int day) const { return test::On(jet(), 4, day); }
   MpDataRecord Test(const char* sta, const char* pump, int day, double power) const {
     return {sta, pump, On(day), 1, 2, 3, 4, 5, 6, 7, 0.9, power};
   }
@@ -354,11 +356,11 @@ class ProductionCommandTest : public ProjectTest {
     history.records.push_back(monthly);
     ASSERT_TRUE(Make<IProductionData>("IProductionData")->SaveWellProduction(history));
   }
-  std::string Run(const std::string& options) { return RunPetrodb("production '" + file_ + "' W1" + options).output; }
+  CliRun Run(const std::string& arguments) { return RunPetrodb("production '" + file_ + "'" + arguments); }
 };
 
 TEST_F(ProductionCommandTest, MonthsWithTotals) {
-  const CliRun run = RunPetrodb("production '" + file_ + "' W1 --from 2024-02 --to 2024-03-10");
+  const CliRun run = Run(" W1 --from 2024-02 --to 2024-03-10");
   ASSERT_EQ(run.code, 0) << run.output;
   EXPECT_EQ(run.output,
             "well W1\n"
@@ -367,23 +369,22 @@ TEST_F(ProductionCommandTest, MonthsWithTotals) {
             "2024-03       10  20.00  0.00  10.00         33.3          202.00\n"
             "total         39  78.00  0.00  39.00         33.3          202.00\n");
   // The whole history: the monthly report counts with its monthly figures.
-  const std::string csv = Run(" --csv");
+  const std::string csv = Run(" W1 --csv").output;
   EXPECT_EQ(csv.substr(0, csv.find('\n', csv.find('\n') + 1) + 1),
             "month,reports,oil,gas,water,water cut %,cumulative oil\n2022-06,1,90,5,0,0,0\n");
   EXPECT_NE(csv.find("\n2023-12,31,62,0,31,33.333333333333336,62\n"), std::string::npos) << csv;
   EXPECT_NE(csv.find("\n2025-01,3,6,0,3,"), std::string::npos) << csv;
   EXPECT_NE(csv.find("\ntotal,401,890,5,400,31.007751937984494,800\n"), std::string::npos) << csv;
-  EXPECT_EQ(Run(" --from 2030-01"), "well W1\nno production rows in the range\n");
+  EXPECT_EQ(Run(" W1 --from 2030-01").output, "well W1\nno production rows in the range\n");
 }
 
 TEST_F(ProductionCommandTest, UnknownWellsBadDatesAndBadRowsAreErrors) {
-  CliRun run = RunPetrodb("production '" + file_ + "' W9");
+  CliRun run = Run(" W9");
   EXPECT_EQ(run.code, 1);
   EXPECT_NE(run.output.find("petrodb: no well \"W9\""), std::string::npos) << run.output;
-  for (const char* usage : {" W1 --from 2024-13", " W1 --every 2", ""})
-    EXPECT_EQ(RunPetrodb("production '" + file_ + "'" + usage).code, 2) << usage;
+  for (const char* usage : {" W1 --from 2024-13", " W1 --every 2", ""}) EXPECT_EQ(Run(usage).code, 2) << usage;
   ASSERT_TRUE(Make<IProductionData>("IProductionData")->SaveWellProduction({"W1", {ProductionRecord{"spring"}}}));
-  run = RunPetrodb("production '" + file_ + "' W1");
+  run = Run(" W1");
   EXPECT_EQ(run.code, 1);
   EXPECT_NE(run.output.find("product time \"spring\" is not a date"), std::string::npos) << run.output;
 }

@@ -27,13 +27,26 @@ using Strings = std::vector<std::string>;
 // Each kind names its operations and statements; Make(element, v) gives a
 // record whose every value depends on v, its case name left for the save to set.
 
-struct NodeKind {
-  using I = ISimuNode;
-  using R = SimuNodeRecord;
+// The operations of a kind whose element is named by one key.
+template <class Interface, class Record, auto load, auto loadCase, auto exists, auto remove, auto save, auto removeCase>
+struct Ops {
+  using I = Interface;
+  using R = Record;
+  static constexpr const char* kCaseColumn = "ProjName";
+  static bool Load(I& o, const char* c, const std::string& e, R& r) { return (o.*load)(c, e.c_str(), r); }
+  static bool LoadCase(I& o, const char* c, std::vector<R>& rs) { return (o.*loadCase)(c, rs); }
+  static bool Exists(I& o, const char* c, const std::string& e) { return (o.*exists)(c, e.c_str()); }
+  static bool Delete(I& o, const char* c, const std::string& e) { return (o.*remove)(c, e.c_str()); }
+  static bool Save(I& o, const char* c, const std::vector<R>& rs) { return (o.*save)(c, rs); }
+  static bool DeleteCase(I& o, const char* c) { return (o.*removeCase)(c); }
+};
+
+struct NodeKind : Ops<ISimuNode, SimuNodeRecord, &ISimuNode::LoadNodeResult, &ISimuNode::LoadCaseNodeResults,
+                      &ISimuNode::NodeResultExists, &ISimuNode::DeleteNodeResult, &ISimuNode::SaveNodeResults,
+                      &ISimuNode::DeleteCaseNodeResults> {
   static constexpr const char* kInterface = "ISimuNode";
   static constexpr const char* kTable = "r_simu_node";
   static constexpr const char* kElementColumn = "NodeName";
-  static constexpr const char* kCaseColumn = "ProjName";
   static constexpr const char* kLoadOne = "select * from r_simu_node where ProjName = 'c1' and NodeName = 'E1'";
   static constexpr const char* kLoadCase =
       "select a.*,b.NodeType from r_simu_node AS a  ,n_nodes AS b where a.ProjName = 'c1' and a.NodeName = "
@@ -52,21 +65,14 @@ struct NodeKind {
     return std::tie(r.ProjName, r.NodeName, r.SubType, r.SubCode, r.MainCode, r.Pp0, r.Bp, r.Pp, r.Pq, r.Sp, r.Jp,
                     r.Jp0, r.Jq, r.Tzsl, r.Station);
   }
-  static bool Load(I& o, const char* c, const std::string& e, R& r) { return o.LoadNodeResult(c, e.c_str(), r); }
-  static bool LoadCase(I& o, const char* c, std::vector<R>& rs) { return o.LoadCaseNodeResults(c, rs); }
-  static bool Exists(I& o, const char* c, const std::string& e) { return o.NodeResultExists(c, e.c_str()); }
-  static bool Delete(I& o, const char* c, const std::string& e) { return o.DeleteNodeResult(c, e.c_str()); }
-  static bool Save(I& o, const char* c, const std::vector<R>& rs) { return o.SaveNodeResults(c, rs); }
-  static bool DeleteCase(I& o, const char* c) { return o.DeleteCaseNodeResults(c); }
 };
 
-struct PipeKind {
-  using I = ISimuPipe;
-  using R = SimuPipeRecord;
+struct PipeKind : Ops<ISimuPipe, SimuPipeRecord, &ISimuPipe::LoadPipeResult, &ISimuPipe::LoadCasePipeResults,
+                      &ISimuPipe::PipeResultExists, &ISimuPipe::DeletePipeResult, &ISimuPipe::SavePipeResults,
+                      &ISimuPipe::DeleteCasePipeResults> {
   static constexpr const char* kInterface = "ISimuPipe";
   static constexpr const char* kTable = "r_simu_pipe";
   static constexpr const char* kElementColumn = "PipeName";
-  static constexpr const char* kCaseColumn = "ProjName";
   static constexpr const char* kLoadOne = "select * from r_simu_pipe where ProjName = 'c1' and PipeName = 'E1'";
   static constexpr const char* kLoadCase =
       "select a.*,b.PipeType from r_simu_pipe AS a  ,n_pipes AS b where a.ProjName = 'c1' and a.PipeName = "
@@ -79,32 +85,17 @@ struct PipeKind {
   static constexpr const char* kSaveMissing = "管子仿真结果数据表为空！";
   static R Make(const std::string& e, double v) { return {"ignored", e, v, v + 1, v + 2, v + 3, "S" + e, 0, ""}; }
   static auto Tie(R& r) { return std::tie(r.ProjName, r.PipeName, r.Detap, r.PipeQ, r.Kf, r.Deltpow, r.Station); }
-  static bool Load(I& o, const char* c, const std::string& e, R& r) { return o.LoadPipeResult(c, e.c_str(), r); }
-  static bool LoadCase(I& o, const char* c, std::vector<R>& rs) { return o.LoadCasePipeResults(c, rs); }
-  static bool Exists(I& o, const char* c, const std::string& e) { return o.PipeResultExists(c, e.c_str()); }
-  static bool Delete(I& o, const char* c, const std::string& e) { return o.DeletePipeResult(c, e.c_str()); }
-  static bool Save(I& o, const char* c, const std::vector<R>& rs) { return o.SavePipeResults(c, rs); }
-  static bool DeleteCase(I& o, const char* c) { return o.DeleteCasePipeResults(c); }
 };
 
 // The two station tables share their operations' names.
-template <class Interface, class Record>
-struct StationOps {
-  using I = Interface;
-  using R = Record;
-  static bool Load(I& o, const char* c, const std::string& e, R& r) { return o.LoadStationResult(c, e.c_str(), r); }
-  static bool LoadCase(I& o, const char* c, std::vector<R>& rs) { return o.LoadCaseStationResults(c, rs); }
-  static bool Exists(I& o, const char* c, const std::string& e) { return o.StationResultExists(c, e.c_str()); }
-  static bool Delete(I& o, const char* c, const std::string& e) { return o.DeleteStationResult(c, e.c_str()); }
-  static bool Save(I& o, const char* c, const std::vector<R>& rs) { return o.SaveStationResults(c, rs); }
-  static bool DeleteCase(I& o, const char* c) { return o.DeleteCaseStationResults(c); }
-};
+template <class I, class R>
+using StationOps = Ops<I, R, &I::LoadStationResult, &I::LoadCaseStationResults, &I::StationResultExists,
+                       &I::DeleteStationResult, &I::SaveStationResults, &I::DeleteCaseStationResults>;
 
 struct SimuStaKind : StationOps<ISimuSta, SimuStaRecord> {
   static constexpr const char* kInterface = "ISimuSta";
   static constexpr const char* kTable = "r_simu_sta";
   static constexpr const char* kElementColumn = "StaName";
-  static constexpr const char* kCaseColumn = "ProjName";
   static constexpr const char* kLoadOne = "select * from r_simu_sta where ProjName = 'c1' and StaName = 'E1'";
   static constexpr const char* kLoadCase = "select * from r_simu_sta where ProjName = 'c1' order by StaName";
   static constexpr const char* kDeleteOne = "delete from r_simu_sta where ProjName='c1' and StaName = 'E1'";
@@ -121,7 +112,6 @@ struct OptStaKind : StationOps<IOptSta, OptStaRecord> {
   static constexpr const char* kInterface = "IOptSta";
   static constexpr const char* kTable = "r_opt_sta";
   static constexpr const char* kElementColumn = "StaName";
-  static constexpr const char* kCaseColumn = "ProjName";
   static constexpr const char* kLoadOne = "select * from r_opt_sta where ProjName = 'c1' and StaName = 'E1'";
   static constexpr const char* kLoadCase = "select * from r_opt_sta where ProjName = 'c1' order by StaName";
   static constexpr const char* kDeleteOne = "delete from r_opt_sta where ProjName='c1' and StaName = 'E1'";
@@ -175,9 +165,10 @@ struct OptPumpKind {
   static bool DeleteCase(I& o, const char* c) { return o.DeleteCasePumpResults(c); }
 };
 
-struct PipeCheckKind {
-  using I = IPipeCheckResults;
-  using R = PipeCheckRecord;
+struct PipeCheckKind : Ops<IPipeCheckResults, PipeCheckRecord, &IPipeCheckResults::LoadPipeCheckResult,
+                           &IPipeCheckResults::LoadCasePipeCheckResults, &IPipeCheckResults::PipeCheckResultExists,
+                           &IPipeCheckResults::DeletePipeCheckResult, &IPipeCheckResults::SavePipeCheckResults,
+                           &IPipeCheckResults::DeleteCasePipeCheckResults> {
   static constexpr const char* kInterface = "IPipeCheckResults";
   static constexpr const char* kTable = "r_pipe_check_results";
   static constexpr const char* kElementColumn = "Pipe_Name";
@@ -202,12 +193,6 @@ struct PipeCheckKind {
                     r.Headloss_after_check, r.Pressure_before_check, r.Pressure_after_check, r.Measured_pressure,
                     r.Error_before_check, r.Error_after_check, r.Corrosion_thick);
   }
-  static bool Load(I& o, const char* c, const std::string& e, R& r) { return o.LoadPipeCheckResult(c, e.c_str(), r); }
-  static bool LoadCase(I& o, const char* c, std::vector<R>& rs) { return o.LoadCasePipeCheckResults(c, rs); }
-  static bool Exists(I& o, const char* c, const std::string& e) { return o.PipeCheckResultExists(c, e.c_str()); }
-  static bool Delete(I& o, const char* c, const std::string& e) { return o.DeletePipeCheckResult(c, e.c_str()); }
-  static bool Save(I& o, const char* c, const std::vector<R>& rs) { return o.SavePipeCheckResults(c, rs); }
-  static bool DeleteCase(I& o, const char* c) { return o.DeleteCasePipeCheckResults(c); }
 };
 
 template <class K>
@@ -503,11 +488,9 @@ TEST_F(NodeResultTest, ManyRowsAreSavedInOneWriteWithTheirFlags) {
   std::vector<OptPumpRecord> back;
   ASSERT_TRUE(pumps->LoadCasePumpResults("c1", back));
   ASSERT_EQ(back.size(), 40u);
-  for (int i = 0; i < 40; ++i) {
-    EXPECT_EQ(back[i].PumpCode, many[i].PumpCode);
-    EXPECT_EQ(back[i].IsFreq, many[i].IsFreq);
-    EXPECT_EQ(back[i].PumpQ, many[i].PumpQ);
-  }
+  for (int i = 0; i < 40; ++i)
+    EXPECT_EQ(std::tie(back[i].PumpCode, back[i].IsFreq, back[i].PumpQ),
+              std::tie(many[i].PumpCode, many[i].IsFreq, many[i].PumpQ));
 }
 
 // ---- the host ----

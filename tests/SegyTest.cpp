@@ -4,6 +4,7 @@
 
 #include <cstring>
 #include <fstream>
+#include <tuple>
 
 #include "TestSupport.h"
 #include "formats/Segy.h"
@@ -63,12 +64,9 @@ TEST_F(SegyTest, ScalarsAndLayoutsPlaceTheCoordinates) {
   segy::Headers h;
   std::string error;
   ASSERT_TRUE(segy::ReadHeaders(scaled, SegyFormat(), h, error)) << error;
-  EXPECT_EQ(h.sampleInterval, 4000);
-  EXPECT_EQ(h.samples, 50);
-  EXPECT_EQ(h.format, 5);
+  EXPECT_EQ(std::tie(h.sampleInterval, h.samples, h.format), std::make_tuple(4000, 50, 5));
   ASSERT_EQ(h.traces.size(), 100u);
-  EXPECT_EQ(h.traces[0].cdp, 1001);
-  EXPECT_EQ(h.traces[0].line, 12);
+  EXPECT_EQ(std::tie(h.traces[0].cdp, h.traces[0].line), std::make_tuple(1001, 12));
   EXPECT_DOUBLE_EQ(h.traces[0].x, 612345.67);
   EXPECT_DOUBLE_EQ(h.traces[99].y, 4987629.57);
 
@@ -78,8 +76,7 @@ TEST_F(SegyTest, ScalarsAndLayoutsPlaceTheCoordinates) {
   SegyFormat layout;
   ASSERT_TRUE(layout.ReadText("3200 400 1 0 2 XCoordinate 181 4  YCoordinate 185 4  "));
   ASSERT_TRUE(segy::ReadHeaders(cdp, layout, h, error)) << error;
-  EXPECT_EQ(h.traces[2].x, 612370670.0);
-  EXPECT_EQ(h.traces[2].y, 4987653820.0);
+  EXPECT_EQ(std::tie(h.traces[2].x, h.traces[2].y), std::make_tuple(612370670.0, 4987653820.0));
 
   // A position segyio does not know is read at the layout's width.
   layout.Trace("CDPNumber") = {23, 2};

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
+#include <tuple>
 
 #include "petrodb/seismic/SegyFormat.h"
 #include "seismic/SeismicCodecs.h"
@@ -39,10 +40,9 @@ TEST(SegyLayoutText, ReadingGoesOverTheDefaults) {
   // Two trace entries only, separated by any whitespace: the rest keep their defaults.
   ASSERT_TRUE(layout.ReadText("3600\t400\n1 0 2 XCoordinate 181 4\n\n YCoordinate 185 4"));
   EXPECT_EQ(layout.textHeaderLength, 3600);
-  EXPECT_EQ(layout.Trace("XCoordinate"), (SegyFieldPos{181, 4}));
-  EXPECT_EQ(layout.Trace("YCoordinate"), (SegyFieldPos{185, 4}));
-  EXPECT_EQ(layout.Trace("StartTime"), (SegyFieldPos{105, 2}));
-  EXPECT_EQ(layout.Binary("SampleInterval"), (SegyFieldPos{3217, 2}));
+  EXPECT_EQ(std::make_tuple(layout.Trace("XCoordinate"), layout.Trace("YCoordinate"), layout.Trace("StartTime"),
+                            layout.Binary("SampleInterval")),
+            std::make_tuple(SegyFieldPos{181, 4}, SegyFieldPos{185, 4}, SegyFieldPos{105, 2}, SegyFieldPos{3217, 2}));
   EXPECT_EQ(layout.traceFields.size(), 6u);
 
   // A name the layout lacks is inserted as {-1, 4}.
@@ -75,8 +75,7 @@ TEST(SeismicTextCodecs, PairsProfilesAndNamesRoundTripInAnyLocale) {
   EXPECT_EQ(EncodeProfilePoints({}, {}), "");
   std::vector<double> x, y;
   DecodeProfilePoints("1.000000,-3.000000,2.500000,4.000000,9", x, y);
-  EXPECT_EQ(x, (std::vector<double>{1, 2.5}));
-  EXPECT_EQ(y, (std::vector<double>{-3, 4}));
+  EXPECT_EQ(std::tie(x, y), std::make_tuple(std::vector<double>{1, 2.5}, std::vector<double>{-3, 4}));
 
   EXPECT_EQ(JoinNames({"W1"}), "W1");
   EXPECT_EQ(JoinNames({"W1", "井2", "W3"}), "W1,井2,W3");
@@ -102,8 +101,7 @@ TEST(FaultStickPacking, NumbersContinueAcrossRecordsAndOnlyChangesStartASticks) 
   // Numbers 1,1,2,2,2 give sticks of 2 and 3 points; 5,5,5 one stick; a short rest is ignored.
   const auto sticks = DecodeSticks({1, 0, 0, 0, 1.9, 0, 0, 0, 2, 0, 0, 0, 2, 0, 0, 0, 2, 0, 0, 0, 7, 7});
   ASSERT_EQ(sticks.size(), 2u);
-  EXPECT_EQ(sticks[0].X.size(), 2u);
-  EXPECT_EQ(sticks[1].X.size(), 3u);
+  EXPECT_EQ(std::make_tuple(sticks[0].X.size(), sticks[1].X.size()), std::make_tuple(2u, 3u));
   EXPECT_EQ(DecodeSticks({5, 1, 1, 1, 5, 2, 2, 2, 5, 3, 3, 3}).size(), 1u);
   EXPECT_TRUE(DecodeSticks({}).empty());
 }

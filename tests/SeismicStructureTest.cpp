@@ -1,5 +1,7 @@
 // Fault sticks and planes, structure maps, picked horizons and faults, and the
 // horizons tied to wells.
+#include <tuple>
+
 #include "TestSupport.h"
 #include "petrodb/seismic/IFaultPlane3DData.h"
 #include "petrodb/seismic/IFaultStickData.h"
@@ -81,21 +83,10 @@ TEST_F(FaultPlaneTest, SingleSavesReplaceAndBatchSavesAddBeside) {
 
 using StructureTest = ObjectTest<IStructureData, "IStructureData">;
 
-StructureRecord Map(const std::string& project, const std::string& marker, std::vector<double> x = {},
-                    std::vector<double> y = {}, std::vector<double> depth = {}) {
-  StructureRecord map;
-  map.ProjectName = project;
-  map.MarkerName = marker;
-  map.Xcoor = std::move(x);
-  map.Ycoor = std::move(y);
-  map.Depth = std::move(depth);
-  return map;
-}
-
 TEST_F(StructureTest, MapsKeepTheirArraysAndTheBoundingBoxStartsAsymmetric) {
-  const StructureRecord map = Map("ignored", "T1", {5, -2, 5}, {1, 7, -3}, {1000, 1010, 1020});
+  const StructureRecord map{"ignored", "T1", {5, -2, 5}, {1, 7, -3}, {1000, 1010, 1020}};
   ASSERT_TRUE(object_->SaveStructure("P", map));
-  ASSERT_TRUE(object_->SaveStructures("P", {Map("", "empty"), Map("", "low", {-123456.5}, {-234567.5}, {1})}));
+  ASSERT_TRUE(object_->SaveStructures("P", {{"", "empty", {}, {}, {}}, {"", "low", {-123456.5}, {-234567.5}, {1}}}));
   const auto box = [&](const std::string& marker) {
     std::vector<std::string> v;
     for (const char* c : {"MinXcoor", "MaxXcoor", "MinYcoor", "MaxYcoor"})
@@ -108,7 +99,7 @@ TEST_F(StructureTest, MapsKeepTheirArraysAndTheBoundingBoxStartsAsymmetric) {
 
   StructureRecord back;
   ASSERT_TRUE(object_->LoadStructure("P", "T1", back));
-  EXPECT_EQ(back, Map("P", "T1", map.Xcoor, map.Ycoor, map.Depth));
+  EXPECT_EQ(back, (StructureRecord{"P", "T1", map.Xcoor, map.Ycoor, map.Depth}));
   std::vector<StructureRecord> maps;
   ASSERT_TRUE(object_->LoadProjectStructures("P", maps));
   EXPECT_EQ(maps.size(), 3u);
@@ -154,14 +145,12 @@ TEST_F(SeisHFItemTest, ItemsAreNumberedByTheDatabaseAndDeletesLeaveTheirPoints) 
 
   HFItemRecord h1;
   ASSERT_TRUE(object_->LoadHFItem("P", "S", "H1", true, h1));
-  EXPECT_EQ(h1.HF_ID, std::stoi(ids[0]));
-  EXPECT_EQ(h1.HF_Type, "1");
+  EXPECT_EQ(std::tie(h1.HF_ID, h1.HF_Type), std::make_tuple(std::stoi(ids[0]), "1"));
   ASSERT_EQ(h1.Points.size(), 4u);
-  // By segment, then time.
-  EXPECT_EQ(h1.Points[0].SegmentID, 0);
+  // By segment, then time; every point carries its item's number.
+  EXPECT_EQ(std::tie(h1.Points[0].SegmentID, h1.Points[3].SegmentID, h1.Points[3].HF_ID),
+            std::make_tuple(0, 1, h1.HF_ID));
   EXPECT_DOUBLE_EQ(h1.Points[0].T, 1.3);
-  EXPECT_EQ(h1.Points[3].SegmentID, 1);
-  EXPECT_EQ(h1.Points[3].HF_ID, h1.HF_ID);
   EXPECT_FALSE(object_->LoadHFItem("P", "S", "H1", false, h1));
 
   std::vector<std::string> surveys;
@@ -181,9 +170,8 @@ TEST_F(SeisHFItemTest, ItemsAreNumberedByTheDatabaseAndDeletesLeaveTheirPoints) 
   ASSERT_EQ(grids.size(), 2u);
   const HFItemGrid& g = grids[0].HFItem_Name == "H1" ? grids[0] : grids[1];
   ASSERT_EQ(g.ByCrossline.size(), 4u);
-  EXPECT_EQ(g.ByCrossline.front().CDP, 97);
-  EXPECT_EQ(g.ByInline.front().Inline_No, 10);
-  EXPECT_EQ(g.ByInline.back().SegmentID, 1);
+  EXPECT_EQ(std::tie(g.ByCrossline.front().CDP, g.ByInline.front().Inline_No, g.ByInline.back().SegmentID),
+            std::make_tuple(97, 10, 1));
 
   sql_.clear();
   ASSERT_TRUE(object_->DeleteHFItem("P", "S", "H1", true));
@@ -200,8 +188,7 @@ TEST_F(SeisHFItemTest, ItemsAreNumberedByTheDatabaseAndDeletesLeaveTheirPoints) 
 using WellSeisHorizonTest = ObjectTest<IWellSeisHorizon, "IWellSeisHorizon">;
 
 TEST_F(WellSeisHorizonTest, HorizonsAreFiledByWellAndNullsKeepTheirPresets) {
-  Exec("insert into w_well_data (ProjectName, WellID) values ('P', 'W1')");
-  Exec("insert into w_well_data (ProjectName, WellID) values ('P', 'W3')");
+  Exec("insert into w_well_data (ProjectName, WellID) values ('P', 'W1'), ('P', 'W3')");
   ASSERT_TRUE(object_->SaveWellsHorizons({{"W2", {{"", "T2", 1500, 1.2}}},
                                           {"W1", {{"", "T3", 2000, 1.6}, {"", "T1", 1000, 0.9}}}}));
   ASSERT_TRUE(object_->SaveWellHorizons("W1", {{"ignored", "T1", 1000, 0.9}, {"", "T2", 1200, 1.0}}));

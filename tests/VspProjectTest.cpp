@@ -2,6 +2,7 @@
 // data sets and lines, and the objects that fix a type code.
 #include <algorithm>
 #include <set>
+#include <tuple>
 
 #include "TestSupport.h"
 #include "petrodb/seismic/IVspAlgoPathData.h"
@@ -42,8 +43,7 @@ TEST_F(VspProjectTest, SavingAgainReplacesTheRowAndTheDatabaseNumbersIt) {
   EXPECT_EQ(loaded, expected);
   VspProjectRecord byName;
   ASSERT_TRUE(object_->LoadVspProjectByName("B", byName));
-  EXPECT_EQ(byName.Description, "desc B");
-  EXPECT_EQ(byName.Vsp_ProjName, "");  // not selected
+  EXPECT_EQ(std::tie(byName.Description, byName.Vsp_ProjName), std::make_tuple("desc B", ""));  // name not selected
   std::vector<VspProjectRecord> ofWell;
   ASSERT_TRUE(object_->LoadWellVspProjects("W1", ofWell));
   ASSERT_EQ(ofWell.size(), 2u);
@@ -54,7 +54,6 @@ TEST_F(VspProjectTest, SavingAgainReplacesTheRowAndTheDatabaseNumbersIt) {
   std::string type;
   ASSERT_TRUE(object_->GetVspProjectType("C", type));
   EXPECT_EQ(type, "zero-offset");
-  EXPECT_TRUE(object_->IsVspProjectExist("C"));
   ASSERT_TRUE(object_->DeleteWellVspProjects("W1"));
   EXPECT_FALSE(object_->IsVspProjectExist("A"));
   EXPECT_TRUE(object_->IsVspProjectExist("C"));
@@ -174,7 +173,9 @@ TEST_F(VspParamTest, RunsByOutputAlgorithmAndTime) {
   const bool found = object_->LoadParamBySaveTime(1, {2024, 1, 5, 9, 3, 7}, run);
   EXPECT_EQ(sql_.texts().at(0), "select  * from vsp_param where Save_time = #2024-1-5 9:3:7# and Vsp_ProjID = 1");
   EXPECT_EQ(found, jet());
-  if (jet()) EXPECT_EQ(run, Run("filter", "f1.out", "raw.sgy", "p1", {2024, 1, 5, 9, 3, 7}));
+  if (jet()) {
+    EXPECT_EQ(run, Run("filter", "f1.out", "raw.sgy", "p1", {2024, 1, 5, 9, 3, 7}));
+  }
 
   EXPECT_FALSE(object_->SaveParam(Run("sum", "", "a", "b", {})));
   EXPECT_FALSE(object_->DeleteAlgoParams(1, ""));

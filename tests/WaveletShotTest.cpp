@@ -5,6 +5,7 @@
 #include <cstring>
 #include <fstream>
 #include <limits>
+#include <tuple>
 
 #include "TestSupport.h"
 #include "petrodb/project/IBasicWellData.h"
@@ -53,24 +54,24 @@ TEST_F(VspRunTest, RunsAreNumberedAfterTheGreatestIDUnlessTheyCarryTheWellPrefix
   sql_.clear();
   ASSERT_TRUE(object_->LoadVsp("W1_1", loaded));
   EXPECT_EQ(sql_.texts().at(0), "select WellID, TVDSSDepth, TWTDepth from b_seismic_well_vsp where  VSPID = 'W1_1'");
-  EXPECT_EQ(loaded.WellID, "W1");
-  EXPECT_EQ(loaded.VSPID, "untouched");
+  EXPECT_EQ(std::tie(loaded.WellID, loaded.VSPID, loaded.TWTDepth),
+            std::make_tuple("W1", "untouched", std::vector<double>{1.0, 2.0}));
   EXPECT_TRUE(SameBits(loaded.TVDSSDepth, OddDoubles()));
-  EXPECT_EQ(loaded.TWTDepth, (std::vector<double>{1.0, 2.0}));
   ASSERT_TRUE(object_->LoadVsp("W1_5", loaded));
   EXPECT_TRUE(loaded.TVDSSDepth.empty() && loaded.TWTDepth.empty());
   EXPECT_FALSE(object_->LoadVsp("W1_9", loaded));
 }
 
-TEST_F(VspRunTest, ListsLoadsAndDeletesByWell) {
+// The project's wells with runs: the statement never closes its subquery. A
+// missing table fails without a message and the run is still named.
+TEST_F(VspRunTest, ListsLoadsAndDeletesByWellAndTheStatementsThatFail) {
+  Exec("insert into w_well_data (ProjectName, WellID) values ('P', 'W1')");
   for (const char* well : {"W2", "W1", "W2"}) {
     WellVspRecord run{well, "", {1, 2}, {3, 4}};
     ASSERT_TRUE(object_->SaveVsp(run));
   }
   std::vector<std::string> ids{"stale"};
-  sql_.clear();
   ASSERT_TRUE(object_->GetWellVspIds("W2", ids));
-  EXPECT_EQ(sql_.texts().at(0), "select VSPID from b_seismic_well_vsp where WellID = 'W2'");
   std::sort(ids.begin(), ids.end());
   EXPECT_EQ(ids, (std::vector<std::string>{"W2_1", "W2_3"}));
   ASSERT_TRUE(object_->GetAllVspIds(ids));
@@ -78,54 +79,41 @@ TEST_F(VspRunTest, ListsLoadsAndDeletesByWell) {
 
   std::vector<WellVspRecord> runs;
   ASSERT_TRUE(object_->LoadWellVsp("W1", runs));
-  ASSERT_EQ(runs.size(), 1u);
-  EXPECT_EQ(runs[0], (WellVspRecord{"W1", "W1_2", {1, 2}, {3, 4}}));
+  EXPECT_EQ(runs, (std::vector<WellVspRecord>{{"W1", "W1_2", {1, 2}, {3, 4}}}));
 
   std::map<std::string, std::vector<WellVspRecord>> all;
+  std::vector<std::string> wells{"stale"};
   sql_.clear();
   ASSERT_TRUE(object_->LoadAllVsp(all));
-  EXPECT_EQ(sql_.texts().at(0), "select * from b_seismic_well_vsp order by WellID,VSPID");
+  EXPECT_FALSE(object_->GetVspWells("P", wells));
+  EXPECT_TRUE(wells.empty());
+  EXPECT_EQ(sql_.texts(),
+            (std::vector<std::string>{
+                "select * from b_seismic_well_vsp order by WellID,VSPID",
+                "select w_well_data.wellid from w_well_data where w_well_data.ProjectName = 'P' and exists ( select "
+                "b_seismic_well_vsp.wellid from b_seismic_well_vsp where b_seismic_well_vsp.wellid = "
+                "w_well_data.wellid order by w_well_data.wellid"}));
+  EXPECT_EQ(sql_.events().at(1).result, 2);
   ASSERT_EQ(all.size(), 2u);
   ASSERT_EQ(all["W2"].size(), 2u);
   EXPECT_EQ(all["W2"][1].VSPID, "W2_3");
 
   EXPECT_TRUE(object_->HasWellVsp("W1"));
-  sql_.clear();
   EXPECT_TRUE(object_->DeleteVsp("W2", "W2_1"));
-  EXPECT_EQ(sql_.texts("ExecuteSQL"),
-            std::vector<std::string>{"delete from b_seismic_well_vsp where WellID = 'W2' and VSPID = 'W2_1'"});
   EXPECT_TRUE(object_->DeleteWellVsp("W1"));
   EXPECT_FALSE(object_->HasWellVsp("W1"));
   EXPECT_FALSE(object_->LoadWellVsp("W1", runs));
   EXPECT_TRUE(runs.empty());
   ASSERT_TRUE(object_->GetAllVspIds(ids));
   EXPECT_EQ(ids, std::vector<std::string>{"W2_3"});
-}
 
-// The project's wells with runs: the statement never closes its subquery.
-TEST_F(VspRunTest, ProjectWellsStatementCannotRun) {
-  Exec("insert into w_well_data (ProjectName, WellID) values ('P', 'W1')");
-  WellVspRecord run{"W1", "", {1}, {2}};
-  ASSERT_TRUE(object_->SaveVsp(run));
-  std::vector<std::string> wells{"stale"};
-  sql_.clear();
-  EXPECT_FALSE(object_->GetVspWells("P", wells));
-  EXPECT_TRUE(wells.empty());
-  EXPECT_EQ(sql_.texts().at(0),
-            "select w_well_data.wellid from w_well_data where w_well_data.ProjectName = 'P' and exists ( select "
-            "b_seismic_well_vsp.wellid from b_seismic_well_vsp where b_seismic_well_vsp.wellid = w_well_data.wellid "
-            "order by w_well_data.wellid");
-  EXPECT_EQ(sql_.events().at(0).result, 2);
-}
-
-TEST_F(VspRunTest, AMissingTableFailsSilentlyAndTheRunIsStillNamed) {
   Exec("drop table b_seismic_well_vsp");
   WellVspRecord run{"W1", "", {1}, {2}};
   EXPECT_FALSE(object_->SaveVsp(run));
   EXPECT_EQ(run.VSPID, "W1_1");  // the max query failed
-  EXPECT_FALSE(object_->HasWellVsp("W1"));
-  EXPECT_FALSE(object_->DeleteVsp("W1", "W1_1"));
-  EXPECT_FALSE(object_->DeleteWellVsp("W1"));
+  EXPECT_FALSE(object_->HasWellVsp("W2"));
+  EXPECT_FALSE(object_->DeleteVsp("W2", "W2_3"));
+  EXPECT_FALSE(object_->DeleteWellVsp("W2"));
   EXPECT_TRUE(messages_.messages().empty());
 }
 
@@ -144,7 +132,6 @@ TEST_F(WaveletTest, OnlyTheSingleSaveKeepsParam) {
   ASSERT_EQ(loaded.size(), 2u);
   std::sort(loaded.begin(), loaded.end(), [](auto& a, auto& b) { return a.WaveletName < b.WaveletName; });
   EXPECT_EQ(loaded[0].Param, "p ricker");
-  EXPECT_EQ(loaded[1].Param, "");
   EXPECT_TRUE(SameBits(loaded[0].Timexcoor, OddDoubles()));
   WaveletRecord expected = Wavelet(1, "S", "zero", 3);
   expected.Param.clear();
@@ -159,10 +146,8 @@ TEST_F(WaveletTest, OnlyTheSingleSaveKeepsParam) {
   ASSERT_TRUE(object_->LoadWavelet(1, "S", "ricker", one));
   EXPECT_EQ(sql_.texts().at(0),
             "select * from s_wavelet_data where ProjectID = 1 and Survey_Name='S' and WaveletName='ricker' ");
-  EXPECT_EQ(one.Param, "mine");
-  EXPECT_EQ(one.WaveletName, "");
-  EXPECT_EQ(one.Description, "d ricker");
-  EXPECT_EQ(one.WaveletType, 2);
+  EXPECT_EQ(std::tie(one.Param, one.WaveletName, one.Description, one.WaveletType),
+            std::make_tuple("mine", "", "d ricker", 2));
 }
 
 TEST_F(WaveletTest, NamesTypesListsAndDeletes) {
@@ -213,24 +198,7 @@ TEST_F(WaveletTest, NamesTypesListsAndDeletes) {
 using ShotTest = ObjectTest<IShotData, "IShotData">;
 
 ShotRecord Shot(double top, float rate) {
-  ShotRecord s;
-  s.ShotDate = "2021-3-4";
-  s.TopDepth = top;
-  s.BottomDepth = top + 3;
-  s.XH = 2;
-  s.LayerNum = 5;
-  s.Thickness = 3;
-  s.Method = "油管传输";
-  s.GunType = "102";
-  s.BulletType = "127";
-  s.Density = 16;
-  s.ShotRate = rate;
-  s.WJYMC = "w";
-  s.WJYMD = 1.1f;
-  s.JSXH = "j";
-  s.LayerType = "油层";
-  s.Description = "备注";
-  return s;
+  return {"", "2021-3-4", top, top + 3, 2, 5, 3, "油管传输", "102", "127", 16, rate, "w", 1.1f, "j", "油层", "备注"};
 }
 
 TEST_F(ShotTest, SavingAWellReplacesItsShotsAndLoadsThemInSinglePrecision) {
@@ -242,8 +210,7 @@ TEST_F(ShotTest, SavingAWellReplacesItsShotsAndLoadsThemInSinglePrecision) {
   std::vector<ShotRecord> shots;
   ASSERT_TRUE(object_->LoadWellShots("W1", shots));
   ASSERT_EQ(shots.size(), 1u);
-  EXPECT_EQ(shots[0], Shot(2000, rate));  // WellID is not read
-  EXPECT_EQ(shots[0].ShotRate, rate);
+  EXPECT_EQ(shots[0], Shot(2000, rate));  // WellID is not read; the rate keeps all its float bits
   EXPECT_TRUE(object_->HasWellShots("W1"));
   ASSERT_TRUE(object_->SaveWellShots("W1", {}));
   EXPECT_FALSE(object_->HasWellShots("W1"));
@@ -252,9 +219,7 @@ TEST_F(ShotTest, SavingAWellReplacesItsShotsAndLoadsThemInSinglePrecision) {
 }
 
 TEST_F(ShotTest, ProjectsAndWellListsAndTheEmptyKeyMessages) {
-  Exec("insert into w_well_data (ProjectName, WellID) values ('P', 'W1')");
-  Exec("insert into w_well_data (ProjectName, WellID) values ('P', 'W2')");
-  Exec("insert into w_well_data (ProjectName, WellID) values ('Q', 'W3')");
+  Exec("insert into w_well_data (ProjectName, WellID) values ('P', 'W1'), ('P', 'W2'), ('Q', 'W3')");
   ASSERT_TRUE(object_->SaveShots({{"W1", {Shot(1, 1)}}, {"W3", {Shot(2, 1), Shot(3, 1)}}}));
   ASSERT_TRUE(object_->SaveShots({{"W1", {Shot(4, 1)}}}));  // appends
   std::map<std::string, std::vector<ShotRecord>> byWell;
@@ -289,16 +254,13 @@ TEST_F(ShotTest, ProjectsAndWellListsAndTheEmptyKeyMessages) {
 using ShockBodyTest = ObjectTest<IEarthShockBodyData, "IEarthShockBodyData">;
 
 TEST_F(ShockBodyTest, PointsAppendUntilClearedAndPassThroughSinglePrecision) {
-  const double precise = 4321987.654321;
-  const ShockBodyPoint p{100, 2001, static_cast<float>(precise), -0.5f};
+  const ShockBodyPoint p{100, 2001, 4321987.654321f, -0.5f};
   ASSERT_TRUE(object_->SaveShockBody({p}));
   ASSERT_TRUE(object_->SaveShockBody({{101, 2002, 1.5f, 2.5f}}));
   std::vector<ShockBodyPoint> points;
   ASSERT_TRUE(object_->LoadShockBody(points));
   ASSERT_EQ(points.size(), 2u);
   EXPECT_EQ(points[0], p);
-  EXPECT_EQ(static_cast<double>(points[0].X), static_cast<double>(static_cast<float>(precise)));
-  EXPECT_NE(static_cast<double>(points[0].X), precise);
   sql_.clear();
   ASSERT_TRUE(object_->ClearShockBody());
   EXPECT_EQ(sql_.texts("ExecuteSQL"), std::vector<std::string>{"delete from b_earthshockbody_data"});
