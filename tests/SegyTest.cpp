@@ -98,6 +98,8 @@ TEST_F(SegyTest, FilesThatAreNoSegyAreRefusedWithTheirReason) {
   EXPECT_NE(error.find("too short"), std::string::npos) << error;
   EXPECT_FALSE(segy::ReadHeaders(cut, SegyFormat(), h, error));
   EXPECT_NE(error.find("do not fill the file"), std::string::npos) << error;
+  EXPECT_FALSE(segy::ReadHeaders(dir_.string(), SegyFormat(), h, error));
+  EXPECT_EQ(error, dir_.string() + ": a directory, not a SEG-Y file");
 }
 
 TEST_F(SegyTest, ScanPrintsTheHeadersAndImportStoresTheLine) {

@@ -4,6 +4,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
 #include <memory>
 
 namespace petrodb::segy {
@@ -45,6 +46,11 @@ double Scaled(std::int32_t value, std::int32_t scalar) {
 
 bool ReadHeaders(const std::string& path, const SegyFormat& layout, Headers& out, std::string& error) {
   out = Headers{};
+  std::error_code ec;
+  if (std::filesystem::is_directory(path, ec)) {
+    error = path + ": a directory, not a SEG-Y file";
+    return false;
+  }
   std::unique_ptr<segy_file, FileCloser> file(segy_open(path.c_str(), "rb"));
   if (!file) {
     error = "cannot open " + path + ": " + std::strerror(errno);
