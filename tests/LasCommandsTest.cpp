@@ -2,6 +2,7 @@
 #include <fstream>
 
 #include "TestSupport.h"
+#include "petrodb/project/IBasicWellData.h"
 #include "formats/Las.h"
 #include "petrodb/welllog/ICurveDictionary.h"
 #include "petrodb/welllog/ILogData.h"
@@ -16,6 +17,10 @@ class LasCommandsTest : public ProjectTest {
   void SetUp() override {
     ProjectTest::SetUp();
     if (onServer()) GTEST_SKIP() << "the host commands open project files";
+    WellRecord w1, w2;
+    w1.WellID = "W1";
+    w2.WellID = "W2";
+    ASSERT_TRUE(Make<IBasicWellData>("IBasicWellData")->AppendWells("P1", {w1, w2}));
   }
   void SaveLog(const std::string& wellID, const std::vector<std::string>& names) {
     WellLog log;
@@ -62,6 +67,11 @@ TEST_F(LasCommandsTest, InputsThatAreNoLasFileFailWithTheirName) {
     EXPECT_EQ(run.code, 1) << run.output;
     EXPECT_NE(run.output.find(c.error), std::string::npos) << run.output;
   }
+  // A mistyped well is named, and nothing is written.
+  const CliRun typo = RunPetrodb("las import " + file_ + " W9 " + text);
+  EXPECT_EQ(typo.code, 1);
+  EXPECT_NE(typo.output.find("petrodb: no well \"W9\" in " + file_), std::string::npos) << typo.output;
+  EXPECT_TRUE(Query("select CurveName from w_log_data").empty());
 }
 
 TEST_F(LasCommandsTest, ExportSkipsNamesALasFileCannotCarryAndCleansDictionaryTexts) {

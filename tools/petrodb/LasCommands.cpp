@@ -89,6 +89,7 @@ int LasImport(const std::vector<std::string>& given) {
     return SaveCheckshot(*factory, file, args.at(1), shot) ? kOk : kFailed;
   }
   auto factory = MakeFactory(ProjectConnection(file));
+  if (!CheckWellID(*factory, file, args.at(1))) return kFailed;
   WellLog log;
   if (!Import(*factory, args.at(1), args.at(2), log)) return kFailed;
   const auto samples = log.Curves.front().Values.size();
