@@ -3,5 +3,5 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/install.sh
-bash scripts/build.sh
+bash scripts/build.sh petrodb_cli  # the host, the library and the template project only
 ./build/bin/petrodb demo "$@"

@@ -159,8 +159,14 @@ TEST_F(ProjectCommandsTest, DemoRunsEveryStep) {
   EXPECT_NE(demo.output.find("  D-1 wells (by ID)      North 1, South 2\n"), std::string::npos) << demo.output;
   EXPECT_NE(demo.output.find("  North wells (by name)  North 1, North 3\n"), std::string::npos);
   EXPECT_NE(demo.output.find("  Hand-picked            X-7\n"), std::string::npos);
-  // A second run in the same directory starts over.
-  EXPECT_EQ(Petrodb("demo " + dir_.string()).code, 0);
+  // The demo's LAS file comes from the program itself.
+  EXPECT_TRUE(std::filesystem::is_regular_file(dir_ / "demo.las"));
+  // A second run keeps the first one's project unless told to replace it.
+  const CliRun again = Petrodb("demo " + dir_.string());
+  EXPECT_EQ(again.code, 1);
+  EXPECT_NE(again.output.find("Demo.mdb already exists; add --force to replace it"), std::string::npos)
+      << again.output;
+  EXPECT_EQ(Petrodb("demo " + dir_.string() + " --force").code, 0);
 }
 
 }  // namespace

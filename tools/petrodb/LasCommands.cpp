@@ -22,6 +22,9 @@
 #include "petrodb/welllog/ISourceData.h"
 
 namespace petrodb::cli {
+
+extern const char* const kDemoLas;  // data/demo.las, carried by the program
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -217,18 +220,6 @@ const CommandRegistration kExport{Command{"las export", "<file> <well-id> [curve
                                           "write curves of a well as LAS 2.0 (to stdout unless --out)", &LasExport, 2,
                                           -1}};
 
-// data/demo.las: from PETRODB_DATA_DIR, or the nearest data/ above the program.
-std::string DemoLasFile() {
-  std::error_code ec;
-  if (const char* dir = std::getenv("PETRODB_DATA_DIR"); dir && *dir) return (fs::path(dir) / "demo.las").string();
-  for (fs::path dir = ProgramDirectory(); !dir.empty(); dir = dir.parent_path()) {
-    const fs::path candidate = dir / "data" / "demo.las";
-    if (fs::is_regular_file(candidate, ec)) return candidate.string();
-    if (dir == dir.parent_path()) break;
-  }
-  return {};
-}
-
 bool DemoLogs(DemoContext& c) {
   const char* well = "LAS-1";
   auto wells = Create<IBasicWellData>(*c.factory, "IBasicWellData");
@@ -240,12 +231,13 @@ bool DemoLogs(DemoContext& c) {
   head.Kb = 35.0;
   if (!wells || !wells->ReplaceWell(c.project.c_str(), head)) return false;
 
-  const std::string path = DemoLasFile();
-  WellLog log;
-  if (path.empty()) {
-    PrintError("data/demo.las not found (set PETRODB_DATA_DIR)");
+  // The demo's LAS file is written beside its project, then imported as a user would.
+  const std::string path = (fs::path(c.directory) / "demo.las").string();
+  if (!(std::ofstream(path, std::ios::binary) << kDemoLas)) {
+    PrintError("cannot write " + path + ": " + std::strerror(errno));
     return false;
   }
+  WellLog log;
   if (!Import(*c.factory, well, path, log)) return false;
   std::printf("loaded %s: %zu curves, %zu samples, index %s\n", path.c_str(), log.Curves.size(),
               log.Curves.front().Values.size(), log.Curves.front().CurveName.c_str());

@@ -136,7 +136,16 @@ int Info(const std::vector<std::string>& args) {
   return result;
 }
 
-int Demo(const std::vector<std::string>& args) {
+int Demo(const std::vector<std::string>& given) {
+  std::vector<std::string> args;
+  bool force = false;
+  for (const auto& a : given) {
+    if (a == "--force")
+      force = true;
+    else
+      args.push_back(a);
+  }
+  if (args.size() > 1) return kUsage;
   std::string directory;
   std::error_code ec;
   if (!args.empty()) {
@@ -154,7 +163,13 @@ int Demo(const std::vector<std::string>& args) {
   context.project = "Demo";
   context.directory = directory;
   context.file = (fs::path(directory) / "Demo" / "Demo.mdb").string();
-  fs::remove(context.file, ec);  // the demo's own file from an earlier run
+  if (fs::exists(context.file, ec)) {
+    if (!force) {
+      PrintError(context.file + " already exists; add --force to replace it with a new demo project");
+      return kFailed;
+    }
+    fs::remove(context.file, ec);
+  }
   context.connection = ProjectConnection(context.file);
   auto factory = MakeFactory(context.connection, context.project);
   context.factory = factory.get();
@@ -198,7 +213,7 @@ const CommandRegistration kServerCreate{
             "create project database <name> on a server from the backup beside the program", &ServerCreate, 2, 2}};
 const CommandRegistration kInfo{
     Command{"info", "<file>", "show the projects of a project file and the recently used ones", &Info, 1, 1}};
-const CommandRegistration kDemo{Command{"demo", "[dir]",
+const CommandRegistration kDemo{Command{"demo", "[dir] [--force]",
                                         "create a project in [dir] (default: a new temporary directory) and "
                                         "walk through the library's data objects",
                                         &Demo, 0, 1}};
