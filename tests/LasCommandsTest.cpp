@@ -44,6 +44,13 @@ TEST_F(LasCommandsTest, ImportReadsOldMacLineEnds) {
   const CliRun run = RunPetrodb("las import " + file_ + " W1 " + path);
   ASSERT_EQ(run.code, 0) << run.output;
   EXPECT_EQ(run.output, "imported 2 curves of 2 samples into well W1 (index DEPT)\n");
+  // An older version is read as 2.0, said only when asked.
+  const std::string old = (dir_ / "old.las").string();
+  std::ofstream(old, std::ios::binary) << "~V\n VERS. 1.2 :\n~C\n DEPT.M :\n GR.API :\n~A\n1000 45.5\n";
+  EXPECT_EQ(RunPetrodb("las import " + file_ + " W2 " + old).output,
+            "imported 2 curves of 1 samples into well W2 (index DEPT)\n");
+  EXPECT_NE(RunPetrodb("las import -v " + file_ + " W2 " + old).output.find(old + ": version 1.2 read as 2.0\n"),
+            std::string::npos);
   auto logs = Make<ILogData>("ILogData");
   WellLog back;
   ASSERT_TRUE(logs->LoadCurves("W1", {"GR"}, back));

@@ -29,14 +29,18 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool Import(IDataFactory& factory, const std::string& wellID, const std::string& path, WellLog& log) {
+// Notes that change no value (an older version read as 2.0) are shown only
+// when asked for; the others say what was done to the data.
+bool Import(IDataFactory& factory, const std::string& wellID, const std::string& path, WellLog& log,
+            bool verbose = false) {
   las::File file;
   std::string error;
   if (!las::ReadFile(path, file, error)) {
     PrintError(path + ": " + error);
     return false;
   }
-  for (const auto& warning : file.warnings) std::fprintf(stderr, "%s: %s\n", path.c_str(), warning.c_str());
+  for (const auto& warning : file.warnings)
+    if (verbose || warning.rfind("version ", 0) != 0) std::fprintf(stderr, "%s: %s\n", path.c_str(), warning.c_str());
   las::ToWellLog(file, wellID, log);
   auto logs = Create<ILogData>(factory, "ILogData");
   if (!logs || !logs->SaveWellLog(log)) {
@@ -75,10 +79,12 @@ bool ReadCheckshot(const std::string& path, Checkshot& shot) {
 
 int LasImport(const std::vector<std::string>& given) {
   std::vector<std::string> args;
-  bool checkshot = false;
+  bool checkshot = false, verbose = false;
   for (const auto& a : given) {
     if (a == "--checkshot")
       checkshot = true;
+    else if (a == "-v" || a == "--verbose")
+      verbose = true;
     else
       args.push_back(a);
   }
@@ -94,7 +100,7 @@ int LasImport(const std::vector<std::string>& given) {
   auto factory = MakeFactory(ProjectConnection(file));
   if (!CheckWellID(*factory, file, args.at(1))) return kFailed;
   WellLog log;
-  if (!Import(*factory, args.at(1), args.at(2), log)) return kFailed;
+  if (!Import(*factory, args.at(1), args.at(2), log, verbose)) return kFailed;
   const auto samples = log.Curves.front().Values.size();
   std::printf("imported %zu curves of %zu samples into well %s (index %s)\n", log.Curves.size(), samples,
               log.WellID.c_str(), log.Curves.front().CurveName.c_str());
@@ -213,9 +219,10 @@ int LasExport(const std::vector<std::string>& args) {
 }
 
 const CommandRegistration kImport{Command{
-    "las import", "<file> <well-id> <las> [--checkshot]",
-    "load a LAS 2.0 file into a well's log curves (--checkshot: depth and TWT in ms as a VSP run)", &LasImport, 3,
-    4}};
+    "las import", "<file> <well-id> <las> [--checkshot] [-v]",
+    "load a LAS 2.0 file into a well's log curves (--checkshot: depth and TWT in ms as a VSP run; -v: every note "
+    "of the reader)",
+    &LasImport, 3, 5}};
 const CommandRegistration kExport{Command{"las export", "<file> <well-id> [curve...] [--out <las>]",
                                           "write curves of a well as LAS 2.0 (to stdout unless --out)", &LasExport, 2,
                                           -1}};
