@@ -409,6 +409,13 @@ TEST_F(SessionTest, TextIsStoredByteForByteAndOnlyDateColumnsAreDates) {
     db.AddNew();
     db.SetFieldValue("projectName", "2020-2-2 2:2:2");
     db.SetFieldValue("accessTime", unpadded);
+    // A date literal given as a value is the date it denotes, in a date column only.
+    db.AddNew();
+    db.SetFieldValue("projectName", "#2022-1-2#");
+    db.SetFieldValue("accessTime", "#2022-1-2#");
+    db.AddNew();
+    db.SetFieldValue("projectName", "'2023-1-2'");
+    db.SetFieldValue("accessTime", "'2023-1-2'");
     ASSERT_TRUE(db.SaveData());
     ASSERT_TRUE(db.ExecuteSQL("insert into b_project_recent (projectName, accessTime) values ('2021-3-3 3:3:3', "
                               "'2021-3-3 3:3:3')"));
@@ -428,7 +435,9 @@ TEST_F(SessionTest, TextIsStoredByteForByteAndOnlyDateColumnsAreDates) {
   ASSERT_EQ(db.GetDataFromDB("select accessTime from b_project_recent order by accessTime"), kRowsFound);
   std::vector<std::string> times;
   while (db.Read() && db.GetFieldValue("accessTime", text)) times.push_back(text);
-  EXPECT_EQ(times, (std::vector<std::string>{"2021-03-03 03:03:03", "2024-01-05 03:04:05"}));
+  EXPECT_EQ(times, (std::vector<std::string>{"2021-03-03 03:03:03", "2022-01-02 00:00:00", "2023-01-02 00:00:00",
+                                              "2024-01-05 03:04:05"}));
+  EXPECT_EQ(db.GetDataFromDB("select * from b_project_recent where projectName = '#2022-1-2#'"), kRowsFound);
   // ... and compare with a date written either way.
   EXPECT_EQ(db.GetDataFromDB("select * from b_project_recent where accessTime = '2024-1-5 3:4:5'"), kRowsFound);
   EXPECT_EQ(db.GetDataFromDB("select * from b_project_recent where accessTime = '2024-01-05 03:04:05'"), kRowsFound);

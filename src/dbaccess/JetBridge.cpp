@@ -163,12 +163,26 @@ std::string RewriteMultiTableUpdate(const std::string& sql) {
 
 }  // namespace
 
-std::string NormaliseDateText(const std::string& text, bool dateOnlyToo) {
+std::string UnwrapDateLiteral(const std::string& text) {
+  if (text.size() < 2 || (text.front() != '#' && text.front() != '\'') || text.back() != text.front()) return text;
+  const std::string inside = text.substr(1, text.size() - 2);
+  return IsDateTimeShape(inside) || IsDateOnlyShape(inside) ? inside : text;
+}
+
+std::string DateColumnValue(const std::string& table, const std::string& column, const std::string& text) {
+  if (text.size() < 2 || (text.front() != '#' && text.front() != '\'')) return text;
+  const schema::Table* t = schema::Builtin().FindTable(table);
+  const schema::Column* c = t ? t->FindColumn(column) : nullptr;
+  return c && c->type == schema::Type::Date ? UnwrapDateLiteral(text) : text;
+}
+
+std::string NormaliseDateText(const std::string& given, bool dateOnlyToo) {
+  const std::string text = UnwrapDateLiteral(given);
   if (IsDateTimeShape(text) || (dateOnlyToo && IsDateOnlyShape(text))) {
     DateTime when;
     if (DateTime::Parse(text, when)) return when.ToIsoText();
   }
-  return text;
+  return given;
 }
 
 namespace {

@@ -25,4 +25,13 @@ bool IsDateColumnName(std::string_view name);
 // with `dateOnlyToo`, also "Y-M-D" (as midnight). Otherwise the text unchanged.
 std::string NormaliseDateText(const std::string& text, bool dateOnlyToo);
 
+// A date literal given as a value ("#2024-1-5#", "'2024-01-05'"): the date text
+// inside its delimiters. Any other text comes back unchanged.
+std::string UnwrapDateLiteral(const std::string& text);
+
+// The value a date column of `table` stores for a text: a date literal given as
+// a value loses its delimiters; any other text, or a column that is not a date
+// column of the table, keeps its text. Cheap for text that is no literal.
+std::string DateColumnValue(const std::string& table, const std::string& column, const std::string& text);
+
 }  // namespace petrodb::db

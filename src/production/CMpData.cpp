@@ -41,7 +41,7 @@ constexpr Pattern<
 const ColumnTable<MpDataRecord> kColumns{"t_mp_data", {
     Col("StaName", &MpDataRecord::StaName),
     Col("PumpCode", &MpDataRecord::PumpCode),
-    DateLiteralCol("Csrq", &MpDataRecord::Csrq),
+    Col("Csrq", &MpDataRecord::Csrq),
     Col("Bx", &MpDataRecord::Bx),
     Col("Zsbll", &MpDataRecord::Zsbll),
     Col("Zsbckyl", &MpDataRecord::Zsbckyl),

@@ -42,7 +42,7 @@ constexpr Pattern<
 const ColumnTable<MpTestRecord> kColumns{"d_mp_test", {
     Col("StaName", &MpTestRecord::StaName),
     Col("PumpCode", &MpTestRecord::PumpCode),
-    DateLiteralCol("Scrq", &MpTestRecord::Scrq),
+    Col("Scrq", &MpTestRecord::Scrq),
     Col("Zsbll", &MpTestRecord::Zsbll),
     Col("Zsbckyl", &MpTestRecord::Zsbckyl),
     Col("Zsbjkyl", &MpTestRecord::Zsbjkyl),

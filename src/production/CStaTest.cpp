@@ -39,7 +39,7 @@ constexpr Pattern<"delete from d_sta_test where StaName = '%s'"> kDeleteOfStatio
 
 const ColumnTable<StaTestRecord> kColumns{"d_sta_test", {
     Col("StaName", &StaTestRecord::StaName),
-    DateLiteralCol("Scrq", &StaTestRecord::Scrq),
+    Col("Scrq", &StaTestRecord::Scrq),
     Col("Lsyl", &StaTestRecord::Lsyl),
     Col("Hgyl", &StaTestRecord::Hgyl),
     Col("Rjcksl", &StaTestRecord::Rjcksl),

@@ -15,7 +15,7 @@ constexpr Pattern<"delete from t_eff_analyse where StaName = '%s'"> kDeleteOfSta
 
 const ColumnTable<TestEffAnalyseRecord> kKeyColumns{"t_eff_analyse", {
     Col("StaName", &TestEffAnalyseRecord::StaName),
-    DateLiteralCol("Scrq", &TestEffAnalyseRecord::Scrq),
+    Col("Scrq", &TestEffAnalyseRecord::Scrq),
 }};
 const EffAnalyseRow<TestEffAnalyseRecord> kRow{kKeyColumns};
 

@@ -35,7 +35,7 @@ constexpr Pattern<
 
 const ColumnTable<WellTestRecord> kColumns{"d_well_test", {
     Col("Jh", &WellTestRecord::Jh),
-    DateLiteralCol("Scrq", &WellTestRecord::Scrq),
+    Col("Scrq", &WellTestRecord::Scrq),
     Col("Scsj", &WellTestRecord::Scsj),
     Col("Rpzl", &WellTestRecord::Rpzl),
     Col("Rzsl", &WellTestRecord::Rzsl),

@@ -37,21 +37,9 @@ struct Readings {
   ReplaceSteps steps() const { return {columns.table(), Probe::First, tableMissing, ErrorMessage("保存数据库出错！")}; }
 };
 
-// The date column of a reading: the record holds the caller's literal
-// (#2024-1-5#, '2024-01-05'); the column is written with the date inside the
-// delimiters, so the same text that finds the row in a statement stores it.
-// Loads read the stored date back as text.
-template <class Record>
-Column<Record> DateLiteralCol(const char* name, std::string Record::*member) {
-  Column<Record> c = Col(name, member);
-  c.set = [name, member](CDbManage& db, const Record& r, EmptyArray) {
-    std::string text = r.*member;
-    if (text.size() >= 2 && (text.front() == '#' || text.front() == '\'') && text.back() == text.front())
-      text = text.substr(1, text.size() - 2);
-    db.SetFieldValue(name, text);
-  };
-  return c;
-}
+// A reading's date column holds the caller's literal (#2024-1-5#,
+// '2024-01-05'); the session stores the date inside the delimiters, so the same
+// text that finds the row in a statement stores it.
 
 inline constexpr Message kEmptyNetwork = ErrorMessage("管网名称不能为空！");
 

@@ -15,6 +15,7 @@
 #include <sstream>
 #include <unordered_map>
 
+#include "dbaccess/JetBridge.h"
 #include "dbaccess/Pool.h"
 #include "dbaccess/SqlText.h"
 #include "dbaccess/postgres/PgBridge.h"
@@ -781,7 +782,8 @@ class PgConnection final : public Connection {
     const Cell& cell = row.cells[k].second;
     if (const auto* i = std::get_if<std::int64_t>(&cell)) return std::to_string(*i);
     if (const auto* d = std::get_if<double>(&cell)) return pg::DoubleText(*d);
-    if (const auto* t = std::get_if<TextValue>(&cell)) return t->text;  // the server reads date columns itself
+    if (const auto* t = std::get_if<TextValue>(&cell))  // the server reads date columns itself
+      return DateColumnValue(row.table, row.cells[k].first, t->text);
     return {};
   }
 
@@ -865,7 +867,7 @@ class PgConnection final : public Connection {
         } else if (const auto* v = std::get_if<Variant>(&cell)) {
           pg::AppendCopyBytea(buffer, v->Data(), v->Size() * sizeof(double));
         } else if (const auto* t = std::get_if<TextValue>(&cell)) {
-          pg::AppendCopyText(buffer, t->text);
+          pg::AppendCopyText(buffer, DateColumnValue(row.table, row.cells[k].first, t->text));
         } else if (const auto* d = std::get_if<double>(&cell)) {
           pg::AppendDouble(buffer, *d);
         } else if (const auto* n = std::get_if<std::int64_t>(&cell)) {
