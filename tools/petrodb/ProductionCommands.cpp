@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "Command.h"
+#include "TextTable.h"
 #include "petrodb/production/IProductionData.h"
 
 namespace petrodb::cli {
@@ -108,17 +109,11 @@ std::vector<std::string> Cells(const std::string& label, const MonthTotals& m, b
 const std::vector<std::string> kHeader{"month", "reports", "oil", "gas", "water", "water cut %", "cumulative oil"};
 
 void PrintTable(const std::vector<std::vector<std::string>>& rows) {
-  std::vector<std::size_t> widths(kHeader.size(), 0);
-  for (const auto& row : rows)
-    for (std::size_t j = 0; j < row.size(); ++j) widths[j] = std::max(widths[j], row[j].size());
-  for (const auto& row : rows) {
-    std::string line;
-    for (std::size_t j = 0; j < row.size(); ++j) {
-      const std::string pad(widths[j] - row[j].size(), ' ');
-      line += j == 0 ? row[j] + pad : "  " + pad + row[j];
-    }
-    std::printf("%s\n", line.c_str());
-  }
+  std::vector<bool> right(kHeader.size(), true);
+  right[0] = false;
+  TextTable table(std::move(right));
+  for (const auto& row : rows) table.Add(row);
+  table.Print("");
 }
 
 // A CSV cell, quoted when it holds a separator, a quote or a line break.

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "Command.h"
+#include "TextTable.h"
 #include "petrodb/network/INode.h"
 #include "petrodb/network/IOptPump.h"
 #include "petrodb/network/IOptSta.h"
@@ -37,19 +38,6 @@ std::string Number(double value) {
   return std::string(buffer, end);
 }
 
-// Terminal columns of UTF-8 text: two for a code point of the wide East Asian
-// ranges (the names here are Chinese), one for anything else.
-std::size_t Width(const std::string& text) {
-  std::size_t width = 0;
-  for (std::size_t i = 0; i < text.size();) {
-    const auto b = static_cast<unsigned char>(text[i]);
-    const std::size_t length = b < 0xC0 ? 1 : b < 0xE0 ? 2 : b < 0xF0 ? 3 : 4;
-    width += length >= 3 ? 2 : 1;
-    i += length;
-  }
-  return width;
-}
-
 // One section of the report: a title, a header row and its rows.
 struct Section {
   std::string title;  // for the tables
@@ -61,12 +49,6 @@ struct Section {
 void PrintTable(const Section& s) {
   std::printf("%s (%zu)\n", s.title.c_str(), s.rows.size());
   if (s.rows.empty()) return;
-  std::vector<std::size_t> widths(s.header.size(), 0);
-  auto measure = [&](const Row& row) {
-    for (std::size_t j = 0; j < row.size(); ++j) widths[j] = std::max(widths[j], Width(row[j]));
-  };
-  measure(s.header);
-  for (const auto& row : s.rows) measure(row);
   // Columns of numbers to the right, names to the left.
   std::vector<bool> right(s.header.size(), true);
   for (const auto& row : s.rows)
@@ -76,17 +58,10 @@ void PrintTable(const Section& s) {
       right[j] = right[j] && (cell == "-" || std::from_chars(cell.data(), cell.data() + cell.size(), ignored).ptr ==
                                                  cell.data() + cell.size());
     }
-  auto print = [&](const Row& row) {
-    std::string line = " ";
-    for (std::size_t j = 0; j < row.size(); ++j) {
-      const std::string pad(widths[j] - Width(row[j]), ' ');
-      line += " " + (right[j] ? pad + row[j] : row[j] + pad);
-    }
-    while (line.back() == ' ') line.pop_back();
-    std::printf("%s\n", line.c_str());
-  };
-  print(s.header);
-  for (const auto& row : s.rows) print(row);
+  TextTable table(std::move(right), " ");
+  table.Add(s.header);
+  for (const auto& row : s.rows) table.Add(row);
+  table.Print("  ");
 }
 
 std::string CsvField(const std::string& text) {
