@@ -3,6 +3,8 @@
 #include <functional>
 #include <string>
 
+#include "petrodb/Export.h"
+
 namespace petrodb {
 
 // Which of the two message calls an operation uses: an application message box
@@ -13,14 +15,14 @@ using MessageHandler =
     std::function<void(MessageStyle style, const std::string& text, const std::string& caption)>;
 // Installs the handler for user-facing messages; an empty function restores the
 // default, which writes "<caption>: <text>" (or the text alone) as one line on stderr.
-void SetMessageHandler(MessageHandler handler);
+PETRODB_API void SetMessageHandler(MessageHandler handler);
 
 // A waiting window: begin shows a text, end closes it. Default: nothing.
 struct ProgressHandler {
   std::function<void(const std::string& text)> begin;
   std::function<void()> end;
 };
-void SetProgressHandler(ProgressHandler handler);
+PETRODB_API void SetProgressHandler(ProgressHandler handler);
 
 // One statement sent to a database.
 struct SqlTraceEvent {
@@ -34,12 +36,12 @@ struct SqlTraceEvent {
 using SqlTraceHandler = std::function<void(const SqlTraceEvent&)>;
 // Installs a statement observer (empty function: none). Independently, the
 // environment variable PETRODB_SQL_TRACE=<file> appends one JSON object per line.
-void SetSqlTraceHandler(SqlTraceHandler handler);
+PETRODB_API void SetSqlTraceHandler(SqlTraceHandler handler);
 
 // Directory of the running program, without a trailing separator; the
 // environment variable PETRODB_PROGRAM_DIR overrides it. The template project
 // "Projects.mdb" and the server backup "orvex.bak" are looked for here.
-std::string ProgramDirectory();
+PETRODB_API std::string ProgramDirectory();
 
 // Why the last database call of this thread failed, in words a person can act
 // on, naming the project file or the server (never a password): "disk full: …",
@@ -47,6 +49,6 @@ std::string ProgramDirectory();
 // … on server …", "not a project file: …". Empty when nothing failed since the
 // thread's current operation began (an operation begins when its outermost
 // session opens).
-std::string LastError();
+PETRODB_API std::string LastError();
 
 }  // namespace petrodb
