@@ -3,7 +3,7 @@
 set -euo pipefail
 packages=(g++ cmake ninja-build pkg-config ccache libsqlite3-dev sqlite3 libpq-dev
           googletest libgtest-dev libgmock-dev libbenchmark-dev postgresql locales
-          libsegyio-dev)
+          libsegyio-dev librsvg2-bin libxml2-dev)
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

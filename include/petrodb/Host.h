@@ -38,9 +38,11 @@ using SqlTraceHandler = std::function<void(const SqlTraceEvent&)>;
 // environment variable PETRODB_SQL_TRACE=<file> appends one JSON object per line.
 PETRODB_API void SetSqlTraceHandler(SqlTraceHandler handler);
 
-// Directory of the running program, without a trailing separator; the
-// environment variable PETRODB_PROGRAM_DIR overrides it. The template project
-// "Projects.mdb" and the server backup "orvex.bak" are looked for here.
+// Where the template project "Projects.mdb" and the server backup "orvex.bak"
+// are looked for, without a trailing separator: the environment variable
+// PETRODB_PROGRAM_DIR when set; else the running program's directory when it
+// holds them; else ../share/petrodb beside the program or beside the shared
+// library (an installed layout); else the program's directory.
 PETRODB_API std::string ProgramDirectory();
 
 // Why the last database call of this thread failed, in words a person can act

@@ -1,4 +1,5 @@
 // Host hooks: messages, the waiting window and the program directory.
+#include <dlfcn.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -65,6 +66,27 @@ void EndWaitingDlg(int) {
   if (end) end();
 }
 
+namespace {
+
+bool HoldsTemplates(const std::filesystem::path& dir) {
+  std::error_code ec;
+  return std::filesystem::is_regular_file(dir / "Projects.mdb", ec);
+}
+
+// The directory of the file this code was loaded from: the shared library when
+// a host links it, else the program itself.
+std::filesystem::path OwnFileDirectory() {
+  Dl_info info{};
+  if (dladdr(reinterpret_cast<void*>(&HoldsTemplates), &info) && info.dli_fname && *info.dli_fname) {
+    std::error_code ec;
+    const auto path = std::filesystem::canonical(info.dli_fname, ec);
+    if (!ec) return path.parent_path();
+  }
+  return {};
+}
+
+}  // namespace
+
 std::string ProgramDirectory() {
   if (const char* overridden = std::getenv("PETRODB_PROGRAM_DIR"); overridden && *overridden) {
     std::string dir = overridden;
@@ -73,8 +95,16 @@ std::string ProgramDirectory() {
   }
   std::error_code ec;
   const auto exe = std::filesystem::read_symlink("/proc/self/exe", ec);
-  if (ec) return std::filesystem::current_path().string();
-  return exe.parent_path().string();
+  const std::filesystem::path program = ec ? std::filesystem::current_path() : exe.parent_path();
+  // An installed program or library keeps the templates in ../share/petrodb;
+  // a build tree keeps them beside the program.
+  if (HoldsTemplates(program)) return program.string();
+  for (const auto& base : {program, OwnFileDirectory()}) {
+    if (base.empty()) continue;
+    const auto shared = (base.parent_path() / "share" / "petrodb").lexically_normal();
+    if (HoldsTemplates(shared)) return shared.string();
+  }
+  return program.string();
 }
 
 }  // namespace petrodb
