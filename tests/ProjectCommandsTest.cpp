@@ -41,7 +41,14 @@ TEST_F(ProjectCommandsTest, NewThenInfoShowsTheProject) {
   // The same name again fails with the library's message and exit code 1.
   const CliRun again = Petrodb("new " + dir_.string() + " North");
   EXPECT_EQ(again.code, 1);
-  EXPECT_NE(again.output.find("该工区已经存在，请重新操作！"), std::string::npos) << again.output;
+  EXPECT_NE(again.output.find("petrodb: 该工区已经存在，请重新操作！ (this project already exists"), std::string::npos)
+      << again.output;
+  // --lang zh, before or after the command, shows the original alone.
+  for (const std::string& line : {"--lang zh new " + dir_.string() + " North", "new " + dir_.string() + " North --lang zh"}) {
+    const CliRun zh = Petrodb(line);
+    EXPECT_EQ(zh.code, 1);
+    EXPECT_EQ(zh.output, "petrodb: 该工区已经存在，请重新操作！\n") << line;
+  }
 }
 
 TEST_F(ProjectCommandsTest, BadInputGivesUsageOrFailureCodes) {
@@ -166,7 +173,15 @@ TEST_F(ProjectCommandsTest, DemoRunsEveryStep) {
   EXPECT_EQ(again.code, 1);
   EXPECT_NE(again.output.find("Demo.mdb already exists; add --force to replace it"), std::string::npos)
       << again.output;
-  EXPECT_EQ(Petrodb("demo " + dir_.string() + " --force").code, 0);
+  // Flags take no value wherever they stand.
+  EXPECT_EQ(Petrodb("demo --force " + dir_.string()).code, 0);
+  const std::string file = (dir_ / "Demo" / "Demo.mdb").string();
+  const CliRun csv = Petrodb("production --csv " + file + " D-101");
+  EXPECT_EQ(csv.code, 0) << csv.output;
+  EXPECT_EQ(csv.output.rfind("month,reports,", 0), 0u) << csv.output;
+  const CliRun results = Petrodb("results --csv " + file + " none");
+  EXPECT_EQ(results.code, 1);
+  EXPECT_NE(results.output.find("no case \"none\""), std::string::npos) << results.output;
 }
 
 }  // namespace

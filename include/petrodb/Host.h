@@ -1,5 +1,6 @@
 #pragma once
 // Hooks through which a host sees what the module shows and sends.
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -18,9 +19,13 @@ using MessageHandler =
 PETRODB_API void SetMessageHandler(MessageHandler handler);
 
 // A waiting window: begin shows a text, end closes it. Default: nothing.
+// Long work (an import of many rows) also reports how far it has come through
+// step: `done` of `total` units, called from the working thread; it may come
+// without begin and end around it.
 struct ProgressHandler {
   std::function<void(const std::string& text)> begin;
   std::function<void()> end;
+  std::function<void(std::uint64_t done, std::uint64_t total)> step;
 };
 PETRODB_API void SetProgressHandler(ProgressHandler handler);
 

@@ -57,6 +57,15 @@ int BeginWaitingDlg(const std::string& text, int) {
   return 1;
 }
 
+void StepWaitingDlg(std::uint64_t done, std::uint64_t total) {
+  std::function<void(std::uint64_t, std::uint64_t)> step;
+  {
+    std::lock_guard lock(g_hooksMutex);
+    step = g_progressHandler.step;
+  }
+  if (step) step(done, total);
+}
+
 void EndWaitingDlg(int) {
   std::function<void()> end;
   {

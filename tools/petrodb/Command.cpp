@@ -30,6 +30,45 @@ std::vector<DemoStep>& DemoList() {
 CommandRegistration::CommandRegistration(Command command) { CommandList().push_back(command); }
 const std::vector<Command>& Commands() { return CommandList(); }
 
+namespace {
+// Where the usage names `option` as a word of its own ("[--out <las>]", "[-v]",
+// "--a|--b"), or npos.
+std::size_t FindOption(const std::string& usage, const std::string& option) {
+  for (std::size_t at = usage.find(option); at != std::string::npos; at = usage.find(option, at + 1)) {
+    const std::size_t end = at + option.size();
+    const bool starts = at == 0 || usage[at - 1] == ' ' || usage[at - 1] == '[' || usage[at - 1] == '|';
+    if (starts && (end == usage.size() || usage[end] == ' ' || usage[end] == ']' || usage[end] == '|')) return at;
+  }
+  return std::string::npos;
+}
+}  // namespace
+
+bool OptionTakesValue(const Command& command, const std::string& option) {
+  const std::string usage = command.usage;
+  const std::size_t at = FindOption(usage, option);
+  if (at == std::string::npos) return true;
+  // "[--csv]", "--csv" at the end or before another option: a flag.
+  const std::size_t end = at + option.size();
+  if (end == usage.size() || usage[end] == ']' || usage[end] == '|') return false;
+  const std::size_t next = usage.find_first_not_of(' ', end);
+  return next != std::string::npos && usage[next] != '-' && usage[next] != '[';
+}
+
+std::size_t CountPositional(const Command& command, const std::vector<std::string>& args) {
+  std::size_t positional = 0;
+  for (std::size_t i = 0; i < args.size(); ++i) {
+    const std::string& a = args[i];
+    // "-v" is an option only when the usage names it ("-5" is a number).
+    const bool shortOption = a.size() == 2 && a[0] == '-' && FindOption(command.usage, a) != std::string::npos;
+    if (!shortOption && (a.rfind("--", 0) != 0 || a.size() == 2)) {
+      ++positional;
+    } else if (a.find('=') == std::string::npos && OptionTakesValue(command, a)) {
+      ++i;  // its value
+    }
+  }
+  return positional;
+}
+
 DemoRegistration::DemoRegistration(DemoStep step) {
   auto& list = DemoList();
   list.push_back(step);
@@ -150,27 +189,35 @@ const std::string* Options::Get(const std::string& name) const {
   return nullptr;
 }
 
-bool ParseOptions(const std::vector<std::string>& args, const std::vector<std::string>& known, Options& out) {
+bool ParseOptions(const std::vector<std::string>& args, const std::vector<std::string>& known, Options& out,
+                  const std::vector<std::string>& flags) {
+  const auto in = [](const std::vector<std::string>& list, const std::string& name) {
+    return std::find(list.begin(), list.end(), name) != list.end();
+  };
   for (std::size_t i = 0; i < args.size(); ++i) {
     const std::string& a = args[i];
     if (a.rfind("--", 0) != 0 || a.size() == 2) {
       out.positional.push_back(a);
       continue;
     }
-    std::string name = a.substr(2), value;
+    std::string name = a.substr(2);
+    if (in(flags, name)) {
+      out.named.emplace_back(name, "");
+      continue;
+    }
     const auto eq = name.find('=');
-    if (eq != std::string::npos) {
-      value = name.substr(eq + 1);
-      name.resize(eq);
-    } else if (i + 1 < args.size()) {
-      value = args[++i];
-    } else {
-      PrintError("option --" + name + " needs a value");
+    std::string value = eq == std::string::npos ? "" : name.substr(eq + 1);
+    if (eq != std::string::npos) name.resize(eq);
+    if (!in(known, name)) {
+      PrintError(in(flags, name) ? "option --" + name + " takes no value" : "unknown option --" + name);
       return false;
     }
-    if (std::find(known.begin(), known.end(), name) == known.end()) {
-      PrintError("unknown option --" + name);
-      return false;
+    if (eq == std::string::npos) {
+      if (i + 1 == args.size()) {
+        PrintError("option --" + name + " needs a value");
+        return false;
+      }
+      value = args[++i];
     }
     out.named.emplace_back(name, value);
   }

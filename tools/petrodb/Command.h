@@ -14,7 +14,9 @@ enum ExitCode { kOk = 0, kFailed = 1, kUsage = 2 };
 
 struct Command {
   const char* name;     // first word(s), e.g. "new" or "wells import"
-  const char* usage;    // arguments after the name
+  // Arguments after the name. Its options declare how they are given: "[--csv]"
+  // or "[-v]" is a flag, "[--out <las>]" takes the word after it as its value.
+  const char* usage;
   const char* summary;  // one line for --help
   int (*run)(const std::vector<std::string>& args);
   int minArgs = 0;
@@ -25,6 +27,12 @@ struct CommandRegistration {
   explicit CommandRegistration(Command command);
 };
 const std::vector<Command>& Commands();
+
+// Whether the command's usage gives `option` ("--out", "-v") a value; an option
+// the usage does not name is taken to have one (as "--name value" or "--name=value").
+bool OptionTakesValue(const Command& command, const std::string& option);
+// How many positional arguments the words after the command's name hold.
+std::size_t CountPositional(const Command& command, const std::vector<std::string>& args);
 
 // A step of `petrodb demo`, run in ascending order on one fresh project.
 struct DemoContext {
@@ -75,14 +83,18 @@ bool CheckProjectFile(const std::string& file, Access access = Access::Read);
 bool CheckProjectName(IDataFactory& factory, const std::string& file, const std::string& project);
 bool CheckWellID(IDataFactory& factory, const std::string& file, const std::string& wellID);
 
-// Option parsing: "--name value" pairs after the positional arguments.
+// Option parsing: "--name value" (or "--name=value") pairs and "--flag"s,
+// anywhere among the positional arguments.
 struct Options {
   std::vector<std::string> positional;
-  std::vector<std::pair<std::string, std::string>> named;
+  std::vector<std::pair<std::string, std::string>> named;  // a flag has the value ""
   const std::string* Get(const std::string& name) const;
+  bool Has(const std::string& name) const { return Get(name) != nullptr; }
 };
-// False (with a message) for an option not in `known` or one without a value.
-bool ParseOptions(const std::vector<std::string>& args, const std::vector<std::string>& known, Options& out);
+// False (with a message) for an option in neither `known` (options with a
+// value) nor `flags` (options without one), or an option without its value.
+bool ParseOptions(const std::vector<std::string>& args, const std::vector<std::string>& known, Options& out,
+                  const std::vector<std::string>& flags = {});
 
 void PrintError(const std::string& text);
 // The engine's reason for the last failed operation of this thread ("disk

@@ -154,17 +154,10 @@ bool InRange(const Day& d, const std::optional<Day>& from, const std::optional<D
 }
 
 int Production(const std::vector<std::string>& args) {
-  std::vector<std::string> rest;
-  bool csv = false;
-  for (const auto& a : args) {
-    if (a == "--csv")
-      csv = true;
-    else
-      rest.push_back(a);
-  }
   Options options;
-  if (!ParseOptions(rest, {"from", "to"}, options)) return kUsage;
+  if (!ParseOptions(args, {"from", "to"}, options, {"csv"})) return kUsage;
   if (options.positional.size() != 2) return ProductionUsage();
+  const bool csv = options.Has("csv");
   std::optional<Day> from, to;
   if (!ParseBound(options, "from", from) || !ParseBound(options, "to", to)) return kUsage;
   const std::string &file = options.positional[0], &wellID = options.positional[1];
@@ -216,7 +209,7 @@ const CommandRegistration kProduction{Command{
     "production", "<file> <well-id> [--from D] [--to D] [--csv]",
     "a well's production by month (oil, gas, water, water cut, cumulative oil) with totals; --from/--to take "
     "a day or a month, --csv writes CSV",
-    &Production, 0, -1}};
+    &Production, 2, 2}};
 
 }  // namespace
 }  // namespace petrodb::cli

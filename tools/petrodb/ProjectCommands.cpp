@@ -1,6 +1,10 @@
 // petrodb new / info / demo: projects and the guided tour.
+#include <unistd.h>
+
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <sstream>
 
@@ -55,9 +59,17 @@ int New(const std::vector<std::string>& args) {
       return kUsage;
     }
   }
+  if (name.empty() || name == "." || name == ".." || name.find('/') != std::string::npos) {
+    PrintError("\"" + name + "\" cannot name a project (it becomes a directory and a file name)");
+    return kUsage;
+  }
   std::error_code ec;
   if (!fs::is_directory(parent, ec)) {
-    PrintError("no directory " + parent);
+    PrintError(fs::exists(parent, ec) ? parent + " is not a directory" : "no directory " + parent);
+    return kFailed;
+  }
+  if (::access(parent.c_str(), W_OK) != 0) {
+    PrintError("cannot write in " + parent + ": " + std::strerror(errno));
     return kFailed;
   }
   const std::string file = (fs::path(parent) / name / (name + ".mdb")).string();
@@ -137,20 +149,26 @@ int Info(const std::vector<std::string>& args) {
 }
 
 int Demo(const std::vector<std::string>& given) {
-  std::vector<std::string> args;
-  bool force = false;
-  for (const auto& a : given) {
-    if (a == "--force")
-      force = true;
-    else
-      args.push_back(a);
-  }
+  Options options;
+  if (!ParseOptions(given, {}, options, {"force"})) return kUsage;
+  const std::vector<std::string>& args = options.positional;
+  const bool force = options.Has("force");
   if (args.size() > 1) return kUsage;
   std::string directory;
   std::error_code ec;
   if (!args.empty()) {
     directory = args[0];
     fs::create_directories(directory, ec);
+    std::error_code probe;
+    if (!fs::is_directory(directory, probe)) {
+      PrintError("cannot make the directory " + directory + ": " +
+                 (ec ? ec.message() : std::string("a file of that name is in the way")));
+      return kFailed;
+    }
+    if (::access(directory.c_str(), W_OK) != 0) {
+      PrintError("cannot write in " + directory + ": " + std::strerror(errno));
+      return kFailed;
+    }
   } else {
     std::string pattern = (fs::temp_directory_path(ec) / "petrodb-demo-XXXXXX").string();
     if (!mkdtemp(pattern.data())) {

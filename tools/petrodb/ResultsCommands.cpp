@@ -238,18 +238,10 @@ bool Read(IDataFactory& f, const std::string& caseName, Report& report) {
 }
 
 int Results(const std::vector<std::string>& args) {
-  bool csv = false;
-  std::vector<std::string> positional;
-  for (const auto& a : args) {
-    if (a == "--csv") {
-      csv = true;
-    } else if (a.rfind("--", 0) == 0 && a.size() > 2) {
-      PrintError("unknown option " + a);
-      return kUsage;
-    } else {
-      positional.push_back(a);
-    }
-  }
+  Options options;
+  if (!ParseOptions(args, {}, options, {"csv"})) return kUsage;
+  const bool csv = options.Has("csv");
+  const std::vector<std::string>& positional = options.positional;
   if (positional.size() != 2) {
     std::fprintf(stderr, "usage: petrodb results <file> <case> [--csv]\n");
     return kUsage;
@@ -297,7 +289,7 @@ const CommandRegistration kResults{Command{
     "results", "<file> <case> [--csv]",
     "a calculation case's node pressures and flows, pipe flows and velocities (from PipeQ in m3/d and the "
     "network pipe's bore in mm), station, pump and system figures; --csv for CSV",
-    &Results, 1, -1}};  // --csv may stand anywhere: the command counts its own arguments
+    &Results, 2, 2}};
 
 }  // namespace
 }  // namespace petrodb::cli

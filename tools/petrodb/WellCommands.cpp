@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "Command.h"
+#include "Progress.h"
 #include "dbaccess/Schema.h"
 #include "dbaccess/SqlText.h"
 #include "formats/Csv.h"
@@ -121,14 +122,19 @@ int WellsImport(const std::vector<std::string>& args) {
     }
     wells.push_back(well);
   }
+  ProgressBar progress("wells import", wells.size(), "wells");
   for (std::size_t i = 0; i < wells.size(); ++i) {
+    progress.Set(i);
     if (!data->SaveWells(project, std::vector<WellRecord>{wells[i]})) {
+      progress.Finish();
       PrintFailure(Where(csv, table.lines[i], "WellID") + "saving well " + wells[i].WellID + " failed; " +
                  (i == 0 ? std::string("nothing was imported")
                          : std::to_string(i) + " well(s) of the lines before it were saved"));
       return kFailed;
     }
   }
+  progress.Set(wells.size());
+  progress.Finish();
   std::printf("imported %zu well(s) into project %s\n", wells.size(), project.c_str());
   return kOk;
 }

@@ -1,21 +1,25 @@
 // petrodb: the command-line host of the petrodb library.
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <string>
 #include <vector>
 
 #include "Command.h"
+#include "Glossary.h"
 
 namespace {
 
 void PrintHelp(std::FILE* out) {
   std::fprintf(out,
                "petrodb - project databases of the oil-field and geology suite\n\n"
-               "usage: petrodb <command> [arguments]\n\ncommands:\n");
+               "usage: petrodb [--lang en|zh] <command> [arguments]\n\ncommands:\n");
   for (const auto& c : petrodb::cli::Commands())
     std::fprintf(out, "  petrodb %s %s\n      %s\n", c.name, c.usage, c.summary);
   std::fprintf(out,
-               "\nA project file is an SQLite database (\".mdb\" by name). Set PETRODB_SQL_TRACE=<file> to\n"
+               "\nThe library's messages are shown in their original Chinese with an English gloss after\n"
+               "them; --lang zh (anywhere on the line) shows the original alone.\n"
+               "A project file is an SQLite database (\".mdb\" by name). Set PETRODB_SQL_TRACE=<file> to\n"
                "record every statement sent. Exit codes: 0 success, 1 the operation failed, 2 usage error.\n");
 }
 
@@ -72,7 +76,35 @@ int main(int argc, char** argv) {
 
 namespace {
 
+// Takes the global option "--lang en|zh" (or "--lang=zh") out of the arguments,
+// wherever it stands; false (with a message) for another language.
+bool TakeLanguage(std::vector<std::string>& args) {
+  for (std::size_t i = 0; i < args.size(); ++i) {
+    std::string value;
+    std::size_t words = 1;
+    if (args[i].rfind("--lang=", 0) == 0) {
+      value = args[i].substr(7);
+    } else if (args[i] == "--lang") {
+      if (i + 1 == args.size()) value = "";
+      else value = args[i + 1];
+      words = 2;
+    } else {
+      continue;
+    }
+    if (value != "en" && value != "zh") {
+      petrodb::cli::PrintError("--lang takes en (original and English gloss) or zh (original alone)");
+      return false;
+    }
+    petrodb::cli::SetGlossed(value == "en");
+    args.erase(args.begin() + static_cast<long>(i), args.begin() + static_cast<long>(i + std::min(words, args.size() - i)));
+    --i;
+  }
+  return true;
+}
+
 int Run(std::vector<std::string> args) {
+  petrodb::cli::InstallLibraryHandlers();
+  if (!TakeLanguage(args)) return petrodb::cli::kUsage;
   if (args.empty() || args[0] == "--help" || args[0] == "-h" || args[0] == "help") {
     PrintHelp(args.empty() ? stderr : stdout);
     return args.empty() ? petrodb::cli::kUsage : petrodb::cli::kOk;
@@ -98,14 +130,7 @@ int Run(std::vector<std::string> args) {
       std::printf("usage: petrodb %s %s\n  %s\n", command->name, command->usage, command->summary);
       return petrodb::cli::kOk;
     }
-  std::size_t positional = 0;
-  for (std::size_t i = 0; i < rest.size(); ++i) {
-    if (rest[i].rfind("--", 0) == 0 && rest[i].size() > 2) {
-      if (rest[i].find('=') == std::string::npos) ++i;  // its value
-      continue;
-    }
-    ++positional;
-  }
+  const std::size_t positional = petrodb::cli::CountPositional(*command, rest);
   if (static_cast<int>(positional) < command->minArgs ||
       (command->maxArgs >= 0 && static_cast<int>(positional) > command->maxArgs)) {
     std::fprintf(stderr, "usage: petrodb %s %s\n", command->name, command->usage);
