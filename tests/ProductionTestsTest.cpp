@@ -53,9 +53,7 @@ TEST_F(MpTestTest, AReadingReplacesItsPumpAndDayOnly) {
                                "S1 P2 2024-03-05 00:00:00 11"}));
 
   MpTestRecord loaded;
-  sql_.clear();
   ASSERT_TRUE(object_->LoadMpTest("S1", "P2", On(5).c_str(), loaded));
-  EXPECT_EQ(sql_.texts(), Strings{"select * from d_mp_test where StaName ='S1' and PumpCode='P2' and Scrq=" + On(5)});
   EXPECT_EQ(loaded.Zsbll, 11);
   EXPECT_FALSE(object_->MpTestExists("S1", "P2", On(6).c_str()));
   // Saved again as loaded, the record's date is no literal: a second row.
@@ -68,7 +66,6 @@ TEST_F(MpTestTest, AReadingReplacesItsPumpAndDayOnly) {
                                      On(9) + " order by scrq desc,staname");
   ASSERT_TRUE(object_->LoadMpTestsOfStationByDate("S1", rows));
   EXPECT_EQ(rows.front().Scrq, "2024-03-06 00:00:00");  // latest first
-  EXPECT_EQ(sql_.texts().back(), "select * from d_mp_test where StaName = 'S1' order by scrq desc,staname");
 }
 
 TEST_F(MpTestTest, NetworkStatementsAndThePumpView) {
@@ -88,19 +85,14 @@ TEST_F(MpTestTest, NetworkStatementsAndThePumpView) {
   Exec("insert into b_sta_rod_pump (StaName, PumpCode, PumpModel, RodDia) values ('S1', 'P1', 'D155', 40)");
   Exec("insert into b_sta_rod_pump (StaName, PumpCode, PumpModel, RodDia) values ('S1', 'P2', 'D280', 50)");
   std::vector<MpTestViewRecord> withPumps{MpTestViewRecord{}};
-  sql_.clear();
   ASSERT_TRUE(object_->LoadMpTestsWithPumps("S1", On(5).c_str(), withPumps));
-  EXPECT_EQ(sql_.texts(), Strings{"select * from v_mp_test where StaName ='S1' and Scrq = " + On(5)});
   ASSERT_EQ(withPumps.size(), 2u);
   for (const auto& r : withPumps) EXPECT_EQ(r.RodDia, r.PumpCode == "P1" ? 40 : 50) << r.PumpCode;
   // A pump without equipment has no model: its row cannot be read.
   Exec("delete from b_sta_rod_pump where PumpCode = 'P2'");
   EXPECT_FALSE(object_->LoadMpTestsWithPumps("S1", On(5).c_str(), withPumps));
 
-  sql_.clear();
-  ASSERT_TRUE(object_->DeletePipenetMpTests("Net1"));
-  EXPECT_EQ(sql_.texts(), Strings{"delete from d_mp_test where StaName in ( select NodeName from n_nodes where "
-                                  "PipenetName = 'Net1' and NodeType = 0 )"});
+  ASSERT_TRUE(object_->DeletePipenetMpTests("Net1"));  // its stations, nodes of type 0
   EXPECT_EQ(Stored(), Strings{"S2 P1 2024-03-05 00:00:00 3"});
   Strings stations;
   ASSERT_TRUE(object_->ListStationsWithMpTests({"S1", "S2"}, stations));
@@ -119,9 +111,8 @@ TEST_F(MpDataTest, TestsByStationPumpAndDate) {
   for (const auto& node : kNetworks) Exec(node);
   ASSERT_TRUE(object_->SaveMpDataMany({Test("S1", "P1", 5, 10), Test("S1", "P2", 5, 11), Test("S1", "P1", 7, 12),
                                        Test("S2", "P1", 5, 13)}));
-  sql_.clear();
   ASSERT_TRUE(object_->SaveMpData(Test("S1", "P1", 5, 20)));
-  EXPECT_EQ(sql_.texts("ExecuteSQL"), Strings{"delete from t_mp_data where StaName='S1'and PumpCode='P1'and Csrq=" + On(5)});
+  EXPECT_EQ(Query("select count(*) from t_mp_data"), Strings{"4"});
   MpDataRecord loaded;
   ASSERT_TRUE(object_->LoadMpData("S1", "P1", On(5).c_str(), loaded));
   EXPECT_EQ(loaded.Djsrgl, 20);
@@ -135,7 +126,7 @@ TEST_F(MpDataTest, TestsByStationPumpAndDate) {
   ASSERT_EQ(rows.size(), 2u);
   EXPECT_EQ(rows[1].PumpCode, "P2");
   ASSERT_TRUE(object_->LoadMpDataLikeBetween("S", On(6).c_str(), On(8).c_str(), rows));
-  EXPECT_EQ(sql_.texts().back(), "select * from t_mp_data where StaName like 'S%' and Csrq between " + On(6) + "and " + On(8));
+  EXPECT_EQ(rows.size(), 1u);
   Strings dates;
   ASSERT_TRUE(object_->ListStationTestDates("S1", dates));
   EXPECT_EQ(dates, (Strings{"2024-04-05 00:00:00", "2024-04-07 00:00:00"}));
@@ -189,14 +180,12 @@ TEST_F(OilTestDataTest, SavingAWellReplacesAllItsIntervals) {
   ASSERT_TRUE(object_->SaveOilTests({{"W1", {Interval(1520, "oil"), Interval(1480, "water")}}, {"S1", {Interval(900, "dry")}}}));
   sql_.clear();
   ASSERT_TRUE(object_->SaveWellOilTests({"W1", {Interval(1600, "gas")}}));
-  EXPECT_EQ(sql_.texts("GetDataFromDB"), Strings{"w_oiltest_data"});
   EXPECT_EQ(sql_.texts("ExecuteSQL"), Strings{"delete from  w_oiltest_data where WellID='W1'"});
   EXPECT_EQ(Stored(), (Strings{"S1 dry", "W1 gas"}));
 
   WellOilTest tests{"", {OilTestRecord{}}};
   ASSERT_TRUE(object_->SaveWellOilTests({"W1", {Interval(1520, "oil"), Interval(1480, "water")}}));
-  ASSERT_TRUE(object_->LoadWellOilTests("W1", tests));
-  EXPECT_EQ(sql_.texts().back(), "select * from w_oiltest_data where WellID='W1' order by TopDepth");
+  ASSERT_TRUE(object_->LoadWellOilTests("W1", tests));  // by top depth
   ASSERT_EQ(tests.records.size(), 2u);
   EXPECT_EQ(tests.WellID, "W1");
   const OilTestRecord& r = tests.records[0];
@@ -210,10 +199,6 @@ TEST_F(OilTestDataTest, SavingAWellReplacesAllItsIntervals) {
   EXPECT_EQ(wells, (Strings{"kept", "S1"}));
   ASSERT_TRUE(object_->ListOilTestWells("North", wells));
   EXPECT_EQ(wells, Strings{"W1"});
-  EXPECT_EQ(sql_.texts().back(),
-            "select w_well_data.wellid from w_well_data where w_well_data.ProjectName = 'North' and exists( select "
-            "w_oiltest_data.wellid from w_oiltest_data where w_well_data.wellid = w_oiltest_data.wellid )  order by "
-            "w_well_data.wellid ");
   EXPECT_FALSE(object_->HasOilTests("W2"));
   EXPECT_TRUE(object_->DeleteWellsOilTests({"S1", "W9"}));
   EXPECT_EQ(Stored(), (Strings{"W1 water", "W1 oil"}));
@@ -281,10 +266,7 @@ TEST_F(OracleWellTestTest, EveryReadRunsOnTheViews) {
   ASSERT_TRUE(object_->ListDates(list));
   EXPECT_EQ(list, (Strings{"2024-01-04 00:00:00", "2024-01-05 00:00:00", "2024-01-06 00:00:00"}));
 
-  sql_.clear();
   ASSERT_TRUE(object_->ListWells("2024-01-05", "2024-01-06", "U1", list));
-  EXPECT_EQ(sql_.texts(), Strings{"select  distinct JH  from V_DBA02 where RQ between to_date('2024-01-05', "
-                                  "'YYYY-MM-DD') and  to_date('2024-01-06', 'YYYY-MM-DD')  and KM ='U1'"});
   std::sort(list.begin(), list.end());
   EXPECT_EQ(list, (Strings{"J1", "J2"}));
   EXPECT_FALSE(object_->ListWells("2024-01-07", "2024-01-31", "U1", list));
