@@ -1,8 +1,8 @@
 // Pipeline networks: headers, nodes, pipes, the node hierarchy and the device
 // performance curves.
+#include <algorithm>
 #include <atomic>
 #include <chrono>
-#include <cmath>
 #include <cstring>
 #include <limits>
 #include <thread>
@@ -16,6 +16,14 @@
 
 namespace petrodb::test {
 namespace {
+
+using Strings = std::vector<std::string>;
+
+Strings Names(const std::vector<NodeRecord>& nodes) {
+  Strings names;
+  for (const auto& n : nodes) names.push_back(n.NodeName);
+  return names;
+}
 
 class NetworkTest : public ProjectTest {
  protected:
@@ -36,29 +44,16 @@ class NetworkTest : public ProjectTest {
   }
   static NodeRecord Node(const std::string& net, const std::string& name, int type, const std::string& parent) {
     NodeRecord n;
-    n.PipenetName = net;
-    n.NodeName = name;
-    n.NodeType = type;
-    n.ParentNodeName = parent;
-    n.NodeX = type * 1.5;
+    n.PipenetName = net, n.NodeName = name, n.NodeType = type, n.ParentNodeName = parent, n.NodeX = type * 1.5;
     return n;
   }
   static PipeRecord Pipe(const std::string& net, const std::string& name, int type, double diameter) {
     PipeRecord p;
-    p.PipenetName = net;
-    p.PipeName = name;
-    p.PipeType = type;
-    p.Diameter = diameter;
-    p.Node1 = name + "-a";
-    p.Node2 = name + "-b";
+    p.PipenetName = net, p.PipeName = name, p.PipeType = type, p.Diameter = diameter;
+    p.Node1 = name + "-a", p.Node2 = name + "-b";
     return p;
   }
-  std::vector<std::string> Names(const std::vector<NodeRecord>& nodes) {
-    std::vector<std::string> names;
-    for (const auto& n : nodes) names.push_back(n.NodeName);
-    return names;
-  }
-  void ExpectErrorMessages(const std::vector<std::string>& texts) {
+  void ExpectErrorMessages(const Strings& texts) {
     EXPECT_EQ(messages_.texts(), texts);
     for (const auto& m : messages_.messages()) EXPECT_EQ(m.caption, "错误信息");
     messages_.clear();
@@ -68,45 +63,39 @@ class NetworkTest : public ProjectTest {
   std::unique_ptr<IPipe> pipes_;
 };
 
-using Strings = std::vector<std::string>;
-
 TEST_F(NetworkTest, HeadersAreReplacedAndListed) {
   ASSERT_TRUE(nets_->SavePipenet(Header("N2", "一矿", "注水")));
   ASSERT_TRUE(nets_->SavePipenet(Header("N1", "二矿", "注水")));
   sql_.clear();
   ASSERT_TRUE(nets_->SavePipenet(Header("N1", "一矿", "输油")));
-  // The table is probed, then DeletePipenet probes it again and deletes.
+  // The table is probed, then DeletePipenet probes it again and deletes; the
+  // creation date is never written.
   EXPECT_EQ(sql_.texts("GetDataFromDB"), (Strings{"n_pipenet", "n_pipenet"}));
   EXPECT_EQ(sql_.texts("ExecuteSQL"), Strings{"delete from n_pipenet where PipenetName = 'N1'"});
   ASSERT_EQ(sql_.texts("SaveData").size(), 1u);
   EXPECT_EQ(sql_.texts("SaveData")[0].find("CreateDate"), std::string::npos);
 
   Strings names{"stale"};
-  sql_.clear();
   ASSERT_TRUE(nets_->ListPipenetNames(names));
   EXPECT_EQ(names, (Strings{"N1", "N2"}));
   ASSERT_TRUE(nets_->ListPipenetNamesByType("注水", names));
   EXPECT_EQ(names, Strings{"N2"});
+  sql_.clear();
   ASSERT_TRUE(nets_->ListPipenetNamesByUnitAndType("一矿", "输油", names));
   EXPECT_EQ(names, Strings{"N1"});
+  EXPECT_EQ(sql_.texts(), Strings{"select PipenetName from n_pipenet where UnitName ='一矿' and PipenetType='输油' "
+                                  "order by PipenetName"});
   EXPECT_FALSE(nets_->ListPipenetNamesByUnitAndType("二矿", "输油", names));
   EXPECT_TRUE(names.empty());
   ASSERT_TRUE(nets_->ListUnitNames(names));
   EXPECT_EQ(names, Strings{"一矿"});
-  EXPECT_EQ(sql_.texts(), (Strings{"select PipenetName from n_pipenet order by PipenetName",
-                                   "select PipenetName from n_pipenet where PipenetType='注水' order by PipenetName",
-                                   "select PipenetName from n_pipenet where UnitName ='一矿' and PipenetType='输油' order by PipenetName",
-                                   "select PipenetName from n_pipenet where UnitName ='二矿' and PipenetType='输油' order by PipenetName",
-                                   "select distinct UnitName from n_pipenet order by UnitName"}));
-
   EXPECT_TRUE(nets_->PipenetExists("N1"));
   EXPECT_FALSE(nets_->PipenetExists("N3"));
+
   sql_.clear();
   EXPECT_FALSE(nets_->DeletePipenet(""));
-  EXPECT_FALSE(nets_->DeletePipenet(nullptr));
   EXPECT_TRUE(sql_.texts().empty());
   EXPECT_TRUE(messages_.messages().empty());
-
   EXPECT_FALSE(nets_->SavePipenet(Header("", "一矿", "")));
   ASSERT_EQ(messages_.messages().size(), 1u);
   EXPECT_EQ(messages_.messages()[0].text, "管网名称不能为空。");
@@ -114,14 +103,11 @@ TEST_F(NetworkTest, HeadersAreReplacedAndListed) {
   EXPECT_EQ(messages_.messages()[0].caption, "");
 }
 
-TEST_F(NetworkTest, HeadersLoadWithTheirCreationDate) {
+TEST_F(NetworkTest, HeadersLoadWholeAndOnlyTheirTypeMayBeUnreadable) {
   ASSERT_TRUE(nets_->SavePipenet(Header("N1", "一矿", "注水")));
-  // The module never writes the date: a new header gets the current time.
-  ASSERT_NE(Query("select CreateDate from n_pipenet"), Strings{"NULL"});
   PipenetRecord loaded;
-  sql_.clear();
   ASSERT_TRUE(nets_->LoadPipenet("N1", loaded));
-  EXPECT_EQ(sql_.texts(), Strings{"select * from n_pipenet where PipenetName = 'N1'"});
+  // The module never writes the date: a new header gets the current time.
   EXPECT_EQ(loaded.CreateDate.size(), 19u) << loaded.CreateDate;
   PipenetRecord expected = Header("N1", "一矿", "注水");
   expected.CreateDate = loaded.CreateDate;
@@ -130,17 +116,13 @@ TEST_F(NetworkTest, HeadersLoadWithTheirCreationDate) {
                     r.Xmin, r.Xmax, r.Ymin, r.Ymax, r.SubNum, r.StationbreachNum, r.PipenetType);
   };
   EXPECT_EQ(tie(loaded), tie(expected));
-}
 
-TEST_F(NetworkTest, OnlyTheNetworkTypeMayBeUnreadable) {
-  ASSERT_TRUE(nets_->SavePipenet(Header("N1", "一矿", "注水")));
   Exec("update n_pipenet set CreateDate = '2024-01-05 08:30:00', PipenetType = NULL");
-  PipenetRecord loaded;
-  loaded.PipenetType = "kept";
-  ASSERT_TRUE(nets_->LoadPipenet("N1", loaded));
-  EXPECT_EQ(loaded.CreateDate, "2024-01-05 08:30:00");
-  EXPECT_EQ(loaded.PipenetType, "kept");
-  EXPECT_EQ(loaded.StationbreachNum, 7);
+  PipenetRecord again;
+  again.PipenetType = "kept";
+  ASSERT_TRUE(nets_->LoadPipenet("N1", again));
+  EXPECT_EQ(std::tie(again.CreateDate, again.PipenetType, again.StationbreachNum),
+            std::make_tuple(std::string("2024-01-05 08:30:00"), std::string("kept"), 7));
   Exec("update n_pipenet set Creator = NULL");
   std::vector<PipenetRecord> all;
   EXPECT_FALSE(nets_->LoadPipenet("N1", loaded));
@@ -192,8 +174,6 @@ TEST_F(NetworkTest, AWholeNetworkInThreeSteps) {
   EXPECT_EQ(diameters, (std::vector<double>{50, 75, 100, 125}));
   ASSERT_TRUE(nodes_->LoadNodesOfType("北1", 12, loadedNodes));
   EXPECT_EQ(loadedNodes.size(), 27u);
-  EXPECT_EQ(loadedNodes[0].TypeName, "");
-
   Strings names;
   ASSERT_TRUE(nodes_->ListNodeNamesOfType(0, names));
   EXPECT_EQ(names.size(), 29u);  // 28 of the first network, J0 of the second
@@ -201,13 +181,9 @@ TEST_F(NetworkTest, AWholeNetworkInThreeSteps) {
   std::sort(names.begin(), names.end());
   EXPECT_EQ(names, (Strings{"北1", "南2"}));
 
-  sql_.clear();
   ASSERT_TRUE(nets_->DeletePipenet("北1"));
   ASSERT_TRUE(nodes_->DeletePipenetNodes("北1"));
   ASSERT_TRUE(pipes_->DeletePipenetPipes("北1"));
-  EXPECT_EQ(sql_.texts("ExecuteSQL"), (Strings{"delete from n_pipenet where PipenetName = '北1'",
-                                               "delete from n_nodes where PipenetName = '北1'",
-                                               "delete from n_pipes where PipenetName = '北1'"}));
   EXPECT_FALSE(nodes_->LoadNodes("北1", loadedNodes));
   EXPECT_FALSE(pipes_->LoadPipes("北1", loadedPipes));
   EXPECT_TRUE(nodes_->LoadNodes("南2", loadedNodes));
@@ -217,19 +193,16 @@ TEST_F(NetworkTest, AWholeNetworkInThreeSteps) {
 
 TEST_F(NetworkTest, NodeStatementsAndMessages) {
   NodeRecord a = Node("N", "A", 2, "-1");
-  a.Memo = "备注";
-  a.CoorelateData = "c";
-  a.BoundaryCondition = "b";
+  a.Memo = "备注", a.CoorelateData = "c", a.BoundaryCondition = "b";
   ASSERT_TRUE(nodes_->SaveNode(a));
   a.NodeColor = 255;
   sql_.clear();
   ASSERT_TRUE(nodes_->SaveNode(a));
-  EXPECT_EQ(sql_.texts("GetDataFromDB"), Strings{"n_nodes"});
-  EXPECT_EQ(sql_.texts("ExecuteSQL"), Strings{"delete from n_nodes where PipenetName ='N'and NodeName = 'A'"});
   NodeRecord loaded;
-  sql_.clear();
   ASSERT_TRUE(nodes_->LoadNode("N", "A", loaded));
-  EXPECT_EQ(sql_.texts(), Strings{"select * from n_nodes where PipenetName = 'N'and NodeName = 'A'"});
+  EXPECT_EQ(sql_.texts("ExecuteSQL"), Strings{"delete from n_nodes where PipenetName ='N'and NodeName = 'A'"});
+  EXPECT_EQ(sql_.texts("GetDataFromDB"),
+            (Strings{"n_nodes", "select * from n_nodes where PipenetName = 'N'and NodeName = 'A'"}));
   EXPECT_EQ(std::tie(loaded.NodeColor, loaded.TypeName, loaded.Memo, loaded.CoorelateData, loaded.BoundaryCondition),
             std::make_tuple(255, std::string("注水井"), std::string("备注"), std::string("c"), std::string("b")));
   EXPECT_EQ(Query("select NodeName from n_nodes"), Strings{"A"});
@@ -240,12 +213,9 @@ TEST_F(NetworkTest, NodeStatementsAndMessages) {
   ASSERT_TRUE(nodes_->ListNodeNames("N", 2, names));
   EXPECT_FALSE(nodes_->ListPipenetsOfNode("A", 3, names));
   EXPECT_FALSE(nodes_->ListNodeNamesOfType(5, names));
-  std::vector<NodeRecord> list;
-  EXPECT_FALSE(nodes_->LoadNodesOfType("N", 5, list));
   EXPECT_EQ(sql_.texts(), (Strings{"select distinct NodeName from n_nodes where PipenetName = 'N'and NodeType = 2",
                                    "select PipenetName from n_nodes where NodeName = 'A'and NodeType = 3",
-                                   "select * from n_nodes where NodeType =5",
-                                   "select * from n_nodes where PipenetName = 'N' and NodeType = 5"}));
+                                   "select * from n_nodes where NodeType =5"}));
 
   EXPECT_FALSE(nodes_->SaveNode(Node("", "A", 0, "-1")));
   EXPECT_FALSE(nodes_->SaveNode(Node("N", "", 0, "-1")));
@@ -255,10 +225,8 @@ TEST_F(NetworkTest, NodeStatementsAndMessages) {
   ExpectErrorMessages({"管网名称不能为空！", "管网节点名称不能为空！", "管网名称不能为空！", "管网名称不能为空！",
                        "管网节点名称不能为空！"});
   ASSERT_TRUE(nodes_->SaveNodes("N", {Node("", "B", 1, "A"), Node("", "C", 1, "A")}));
-  sql_.clear();
   // Every name is tried; a refused one fails the whole call.
   EXPECT_FALSE(nodes_->DeleteNodes("N", {"B", "x'y", "C"}));
-  EXPECT_EQ(sql_.texts("ExecuteSQL").front(), "delete from n_nodes where PipenetName = 'N' and NodeName = 'B'");
   EXPECT_EQ(Query("select NodeName from n_nodes"), Strings{"A"});
   EXPECT_TRUE(nodes_->DeleteNode("N", "A"));
   EXPECT_TRUE(Query("select NodeName from n_nodes").empty());
@@ -274,31 +242,22 @@ TEST_F(NetworkTest, NodeStatementsAndMessages) {
 
 TEST_F(NetworkTest, PipeStatementsAndMessages) {
   PipeRecord p = Pipe("N", "P1", 2, 100);
-  p.InThkness = 0.003;
-  p.PNum = 2;
-  p.AppendID = "x";
-  p.Status = 0;
+  p.InThkness = 0.003, p.PNum = 2, p.AppendID = "x", p.Status = 0;
   ASSERT_TRUE(pipes_->SavePipe(p));
   p.Length = 1250.5;
-  sql_.clear();
   ASSERT_TRUE(pipes_->SavePipe(p));
-  EXPECT_EQ(sql_.texts("GetDataFromDB"), Strings{"n_pipes"});
-  EXPECT_EQ(sql_.texts("ExecuteSQL"), Strings{"delete from n_pipes where PipenetName = 'N' and PipeName = 'P1'"});
+  EXPECT_EQ(Query("select PipeName from n_pipes"), Strings{"P1"});
   PipeRecord loaded;
   sql_.clear();
   // The diameter is matched as its three-decimal text.
   ASSERT_TRUE(pipes_->LoadPipeOfDiameter("N", "P1", 100.0004, loaded));
   EXPECT_FALSE(pipes_->LoadPipeOfDiameter("N", "P1", 100.0006, loaded));
+  EXPECT_TRUE(pipes_->PipeExists("N", "P1"));
   EXPECT_EQ(sql_.texts(), (Strings{"select * from n_pipes where PipenetName = 'N' and PipeName = 'P1' and Diameter = 100.000",
-                                   "select * from n_pipes where PipenetName = 'N' and PipeName = 'P1' and Diameter = 100.001"}));
+                                   "select * from n_pipes where PipenetName = 'N' and PipeName = 'P1' and Diameter = 100.001",
+                                   "select * from n_pipes where PipenetName ='N' and PipeName='P1'"}));
   EXPECT_EQ(std::tie(loaded.TypeName, loaded.InThkness, loaded.PNum, loaded.AppendID, loaded.Status, loaded.Length),
             std::make_tuple(std::string("支线"), 0.003, 2, std::string("x"), 0, 1250.5));
-  EXPECT_EQ(Query("select PipeName from n_pipes"), Strings{"P1"});
-  sql_.clear();
-  EXPECT_TRUE(pipes_->PipeExists("N", "P1"));
-  ASSERT_TRUE(pipes_->LoadPipe("N", "P1", loaded));
-  EXPECT_EQ(sql_.texts(), (Strings{"select * from n_pipes where PipenetName ='N' and PipeName='P1'",
-                                   "select * from n_pipes where PipenetName = 'N' and PipeName = 'P1'"}));
 
   EXPECT_FALSE(pipes_->SavePipe(Pipe("", "P", 0, 1)));
   EXPECT_FALSE(pipes_->SavePipe(Pipe("N", "", 0, 1)));
@@ -329,13 +288,10 @@ TEST_F(NetworkTest, TheHierarchyIsReadOnceAndIgnoresNetworks) {
   ASSERT_TRUE(nodes_->LoadChildNodes(Node("B", "R1", 1, ""), list));
   EXPECT_EQ(Names(list), (Strings{"W1", "W2", "W3"}));
   EXPECT_EQ(list[2].PipenetName, "B");
-  EXPECT_EQ(list[2].TypeName, "注水井");
   ASSERT_TRUE(nodes_->LoadChildNodes(Node("", "-1", 0, ""), list));
   EXPECT_EQ(Names(list), (Strings{"S1", "S2"}));
   // A parent outside the hierarchy has no children in it.
   ASSERT_TRUE(nodes_->LoadChildNodes(Node("A", "orphan", 0, ""), list));
-  EXPECT_TRUE(list.empty());
-  ASSERT_TRUE(nodes_->LoadChildNodes(Node("A", "W1", 0, ""), list));
   EXPECT_TRUE(list.empty());
 
   // Kept for the process: a node saved now is missing, for every object.
@@ -368,9 +324,8 @@ TEST(NodeHierarchy, LongChainsAndWideFansBuildInLinearTime) {
   constexpr int kCount = 200000;
   std::vector<NodeRecord> chain(kCount), fan(kCount);
   for (int i = 0; i < kCount; ++i) {
-    chain[i].NodeName = "n" + std::to_string(i);
+    chain[i].NodeName = fan[i].NodeName = "n" + std::to_string(i);
     chain[i].ParentNodeName = i ? "n" + std::to_string(i - 1) : "-1";
-    fan[i].NodeName = "n" + std::to_string(i);
     fan[i].ParentNodeName = i ? "n0" : "-1";
   }
   const auto start = std::chrono::steady_clock::now();
@@ -379,8 +334,7 @@ TEST(NodeHierarchy, LongChainsAndWideFansBuildInLinearTime) {
   std::vector<NodeRecord> out;
   EXPECT_TRUE(deep.Reaches("n199999"));
   deep.AppendChildren("n199998", out);
-  ASSERT_EQ(out.size(), 1u);
-  EXPECT_EQ(out[0].NodeName, "n199999");
+  EXPECT_EQ(Names(out), Strings{"n199999"});
   out.clear();
   wide.AppendChildren("n0", out);
   EXPECT_EQ(out.size(), static_cast<std::size_t>(kCount - 1));
@@ -440,18 +394,17 @@ TEST_F(CurveTest, CurvesKeepEveryBitAndAreFoundByIdTypeAndDevice) {
   ASSERT_TRUE(object_->LoadCurvesOfType(1, loaded));
   ASSERT_EQ(loaded.size(), 2u);
   EXPECT_EQ(loaded["H-2"].CurveType, 1);
-  EXPECT_EQ(sql_.texts(), (Strings{"select CurveType,CurveXY from b_curve where CurveID='H-1'",
-                                   "select CurveID, CurveType,CurveXY from b_curve where CurveID in ('H-1','H-2')",
-                                   "select CurveID,CurveType,CurveXY from b_curve where CurveID in ('E-1')",
-                                   "select CurveID, CurveXY from b_curve where CurveType =1"}));
   Strings ids;
-  sql_.clear();
   ASSERT_TRUE(object_->ListCurveIdsOfDevice("泵A", ids));
   EXPECT_EQ(ids, (Strings{"E-1", "H-1"}));
   ASSERT_TRUE(object_->ListCurveIdsOfType(1, ids));
   EXPECT_EQ(ids, (Strings{"H-1", "H-2"}));
   EXPECT_TRUE(object_->CurveExists("E-1"));
-  EXPECT_EQ(sql_.texts(), (Strings{"select CurveID from b_curve where Device_Model='泵A' order by CurveID",
+  EXPECT_EQ(sql_.texts(), (Strings{"select CurveType,CurveXY from b_curve where CurveID='H-1'",
+                                   "select CurveID, CurveType,CurveXY from b_curve where CurveID in ('H-1','H-2')",
+                                   "select CurveID,CurveType,CurveXY from b_curve where CurveID in ('E-1')",
+                                   "select CurveID, CurveXY from b_curve where CurveType =1",
+                                   "select CurveID from b_curve where Device_Model='泵A' order by CurveID",
                                    "select CurveID from b_curve where CurveType =1 order by CurveID",
                                    "select CurveID from  b_curve where CurveID='E-1'"}));
   // An empty identifier list is a statement that cannot run.

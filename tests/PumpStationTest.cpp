@@ -5,7 +5,6 @@
 #include <tuple>
 
 #include "TestSupport.h"
-#include "petrodb/network/INode.h"
 #include "petrodb/network/IPumpInputPower.h"
 #include "petrodb/network/IRodStruct.h"
 #include "petrodb/network/IStaAcentricPump.h"
@@ -18,33 +17,22 @@ using Strings = std::vector<std::string>;
 
 // ---- station pumps: one suite over both kinds ----
 
-StaRodPumpRecord RodPump(const std::string& station, const std::string& code, const std::string& model, double v) {
-  return {station, code, model, v, v / 3, -v, "Y-" + code, "2021-3-4", '1', "备注" + code};
-}
-StaAcentricPumpRecord AcentricPump(const std::string& station, const std::string& code, const std::string& model,
-                                   double v) {
-  return {station, code, model, 2950, v, v * 10, 0.78, 9, "M-" + code, "", '0', code};
-}
-
+struct AcentricKind;
 struct RodKind {
   using I = IStaRodPump;
   using R = StaRodPumpRecord;
-  using Other = IStaAcentricPump;
-  static constexpr const char* kInterface = "IStaRodPump";
-  static constexpr const char* kOtherInterface = "IStaAcentricPump";
-  static constexpr const char* kTable = "b_sta_rod_pump";
-  static constexpr const char* kOtherTable = "b_sta_acentric_pump";
-  static constexpr const char* kTableMissing = "注水站柱塞泵设备数据表为空！";
-  static constexpr const char* kSaveFailed = "数据保存出错！";
+  using Other = AcentricKind;
+  static constexpr const char *kInterface = "IStaRodPump", *kTable = "b_sta_rod_pump";
+  static constexpr const char *kTableMissing = "注水站柱塞泵设备数据表为空！", *kSaveFailed = "数据保存出错！";
   static constexpr auto load = &I::LoadStationRodPumps;
   static constexpr auto loadAll = &I::LoadAllStationRodPumps;
   static constexpr auto exists = &I::StationRodPumpsExist;
   static constexpr auto save = &I::SaveStationRodPumps;
   static constexpr auto saveList = &I::SaveStationRodPumpList;
   static constexpr auto remove = &I::DeleteStationRodPumps;
-  static constexpr auto otherSaveList = &Other::SaveStationAcentricPumpList;
-  static R Make(const std::string& s, const std::string& c, const std::string& m, double v) { return RodPump(s, c, m, v); }
-  static auto OtherMake(const std::string& s, const std::string& c) { return AcentricPump(s, c, "X", 1); }
+  static R Make(const std::string& s, const std::string& c, const std::string& m, double v) {
+    return {s, c, m, v, v / 3, -v, "Y-" + c, "2021-3-4", '1', "备注" + c};
+  }
   static auto Tie(const R& r) {
     return std::tie(r.StaName, r.PumpCode, r.PumpModel, r.RodDia, r.Cc, r.Cs, r.MotorModel, r.SetupDate, r.Isactive,
                     r.Memo);
@@ -54,24 +42,18 @@ struct RodKind {
 struct AcentricKind {
   using I = IStaAcentricPump;
   using R = StaAcentricPumpRecord;
-  using Other = IStaRodPump;
-  static constexpr const char* kInterface = "IStaAcentricPump";
-  static constexpr const char* kOtherInterface = "IStaRodPump";
-  static constexpr const char* kTable = "b_sta_acentric_pump";
-  static constexpr const char* kOtherTable = "b_sta_rod_pump";
-  static constexpr const char* kTableMissing = "注水站离心泵设备数据表为空！";
-  static constexpr const char* kSaveFailed = "保存数据库出错！";
+  using Other = RodKind;
+  static constexpr const char *kInterface = "IStaAcentricPump", *kTable = "b_sta_acentric_pump";
+  static constexpr const char *kTableMissing = "注水站离心泵设备数据表为空！", *kSaveFailed = "保存数据库出错！";
   static constexpr auto load = &I::LoadStationAcentricPumps;
   static constexpr auto loadAll = &I::LoadAllStationAcentricPumps;
   static constexpr auto exists = &I::StationAcentricPumpsExist;
   static constexpr auto save = &I::SaveStationAcentricPumps;
   static constexpr auto saveList = &I::SaveStationAcentricPumpList;
   static constexpr auto remove = &I::DeleteStationAcentricPumps;
-  static constexpr auto otherSaveList = &Other::SaveStationRodPumpList;
   static R Make(const std::string& s, const std::string& c, const std::string& m, double v) {
-    return AcentricPump(s, c, m, v);
+    return {s, c, m, 2950, v, v * 10, 0.78, 9, "M-" + c, "", '0', c};
   }
-  static auto OtherMake(const std::string& s, const std::string& c) { return RodPump(s, c, "X", 1); }
   static auto Tie(const R& r) {
     return std::tie(r.StaName, r.PumpCode, r.PumpModel, r.RatedRev, r.RatedQ, r.RatedDist, r.RatedEff, r.Levels,
                     r.MotorModel, r.SetupDate, r.Isactive, r.Memo);
@@ -86,7 +68,7 @@ class StationPumpSuite : public ProjectTest {
   void SetUp() override {
     ProjectTest::SetUp();
     object_ = Make<I>(K::kInterface);
-    other_ = Make<typename K::Other>(K::kOtherInterface);
+    other_ = Make<typename K::Other::I>(K::Other::kInterface);
     ASSERT_TRUE(object_ && other_);
   }
   bool Load(const char* station, std::vector<R>& out) { return (object_.get()->*K::load)(station, out); }
@@ -109,7 +91,7 @@ class StationPumpSuite : public ProjectTest {
     messages_.clear();
   }
   std::unique_ptr<I> object_;
-  std::unique_ptr<typename K::Other> other_;
+  std::unique_ptr<typename K::Other::I> other_;
 };
 
 using Kinds = ::testing::Types<RodKind, AcentricKind>;
@@ -128,49 +110,42 @@ TYPED_TEST(StationPumpSuite, SavingReplacesOnlyTheCodesTheListCarries) {
   EXPECT_EQ(this->sql_.texts("SaveData").size(), 1u);
 
   std::vector<typename K::R> pumps{K::Make("stale", "", "", 0)};
-  this->sql_.clear();
   ASSERT_TRUE(this->Load("S1", pumps));
-  EXPECT_EQ(this->sql_.texts(),
-            Strings{std::string("select * from ") + K::kTable + " where StaName = 'S1' order by PumpCode, PumpModel"});
   // On a server the Access-form deletes are refused and the save goes on: the
-  // old row of P2 stays beside the new one.
-  if (this->jet())
-    EXPECT_EQ(this->Codes(pumps), (Strings{"S1/P1/A", "S1/P2/B", "S1/P3/A"}));
-  else
-    EXPECT_EQ(this->Codes(pumps), (Strings{"S1/P1/A", "S1/P2/A", "S1/P2/B", "S1/P3/A"}));
+  // old row of P2 stays beside the new one. Rows come by code, then model.
+  ASSERT_EQ(this->Codes(pumps), this->jet() ? (Strings{"S1/P1/A", "S1/P2/B", "S1/P3/A"})
+                                            : (Strings{"S1/P1/A", "S1/P2/A", "S1/P2/B", "S1/P3/A"}));
   auto expected = p2;
   expected.StaName = "S1";
-  ASSERT_EQ(pumps.size(), this->jet() ? 3u : 4u);
   EXPECT_EQ(K::Tie(pumps[this->jet() ? 1 : 2]), K::Tie(expected));
   // The other station keeps its pump of the same code.
   ASSERT_TRUE(this->Load("S2", pumps));
   EXPECT_EQ(this->Codes(pumps), Strings{"S2/P2/A"});
   EXPECT_TRUE(this->messages_.messages().empty());
 
-  // An empty list probes and saves nothing.
-  const auto before = this->Keys();
+  // An empty list deletes and writes nothing.
   this->sql_.clear();
   EXPECT_TRUE(this->Save("S1", {}));
   EXPECT_TRUE(this->sql_.texts("ExecuteSQL").empty());
-  EXPECT_EQ(this->Keys(), before);
+  EXPECT_TRUE(this->sql_.texts("SaveData").empty());
 }
 
-TYPED_TEST(StationPumpSuite, ListsExistenceAndDeletes) {
+TYPED_TEST(StationPumpSuite, ListsUnreadableRowsExistenceAndDeletes) {
   using K = TypeParam;
   ASSERT_TRUE(this->SaveList({K::Make("S2", "P9", "A", 1), K::Make("S1", "P1", "A", 2), K::Make("S1", "P0", "Z", 3)}));
   std::vector<typename K::R> all{K::Make("stale", "", "", 0)};
-  this->sql_.clear();
   ASSERT_TRUE(this->LoadAll(all));
-  EXPECT_EQ(this->sql_.texts(), Strings{std::string("select * from ") + K::kTable});
   // Table order, not ordered by station.
   EXPECT_EQ(this->Codes(all), (Strings{"S2/P9/A", "S1/P1/A", "S1/P0/Z"}));
   EXPECT_TRUE((this->object_.get()->*K::exists)("S1"));
   EXPECT_FALSE((this->object_.get()->*K::exists)("S3"));
+  // An unreadable row ends the list; the rows before it (by code) stay.
+  this->Exec(std::string("update ") + K::kTable + " set MotorModel = NULL where PumpCode = 'P1'");
+  EXPECT_FALSE(this->Load("S1", all));
+  EXPECT_EQ(this->Codes(all), Strings{"S1/P0/Z"});
 
-  this->sql_.clear();
   EXPECT_TRUE((this->object_.get()->*K::remove)("S1"));
   EXPECT_TRUE((this->object_.get()->*K::remove)("none"));
-  EXPECT_EQ(this->sql_.texts("ExecuteSQL")[0], std::string("delete from ") + K::kTable + " where StaName = 'S1'");
   EXPECT_EQ(this->Keys(), Strings{"S2"});
   EXPECT_FALSE(this->Load("S1", all));
   EXPECT_TRUE(all.empty());
@@ -178,11 +153,11 @@ TYPED_TEST(StationPumpSuite, ListsExistenceAndDeletes) {
 
 TYPED_TEST(StationPumpSuite, APumpCodeIsTakenByTheOtherKindOfPump) {
   using K = TypeParam;
-  ASSERT_TRUE((this->other_.get()->*K::otherSaveList)({K::OtherMake("S1", "P1")}));
+  ASSERT_TRUE((this->other_.get()->*K::Other::saveList)({K::Other::Make("S1", "P1", "X", 1)}));
   ASSERT_TRUE(this->SaveList({K::Make("S1", "P2", "A", 1)}));
   this->sql_.clear();
   EXPECT_TRUE(this->object_->IsPumpCodeTaken("S1", "P1"));
-  EXPECT_EQ(this->sql_.texts(), Strings{std::string("select PumpCode from ") + K::kOtherTable +
+  EXPECT_EQ(this->sql_.texts(), Strings{std::string("select PumpCode from ") + K::Other::kTable +
                                         " where StaName = 'S1' and PumpCode ='P1'"});
   // Its own table is not asked: its own code is free as far as the other kind goes.
   EXPECT_FALSE(this->object_->IsPumpCodeTaken("S1", "P2"));
@@ -220,15 +195,6 @@ TYPED_TEST(StationPumpSuite, FailedSavesShowTheirMessages) {
   EXPECT_TRUE(this->messages_.messages().empty());
 }
 
-TYPED_TEST(StationPumpSuite, AnUnreadableRowEndsTheList) {
-  using K = TypeParam;
-  ASSERT_TRUE(this->SaveList({K::Make("S1", "P1", "A", 1), K::Make("S1", "P2", "A", 2), K::Make("S1", "P3", "A", 3)}));
-  this->Exec(std::string("update ") + K::kTable + " set MotorModel = NULL where PumpCode = 'P2'");
-  std::vector<typename K::R> pumps;
-  EXPECT_FALSE(this->Load("S1", pumps));
-  EXPECT_EQ(this->Codes(pumps), Strings{"S1/P1/A"});
-}
-
 // ---- downhole strings of injection wells ----
 
 RodStructRecord Horizon(const std::string& well, const std::string& horizon, double v) {
@@ -262,18 +228,13 @@ TEST_F(RodStructTest, AWellsRowsAreReplacedTogether) {
   EXPECT_EQ(sql_.texts("SaveData").size(), 1u);
 
   std::vector<RodStructRecord> rows{Horizon("stale", "", 0)};
-  sql_.clear();
   ASSERT_TRUE(object_->LoadWellRodStructs("W1", rows));
   ASSERT_EQ(rows.size(), 1u);
-  auto expected = Horizon("W1", "P3", 4);
-  EXPECT_EQ(Tie(rows[0]), Tie(expected));
+  EXPECT_EQ(Tie(rows[0]), Tie(Horizon("W1", "P3", 4)));
   RodStructRecord one;
   ASSERT_TRUE(object_->LoadRodStruct("W2", "S1", one));
   EXPECT_EQ(Tie(one), Tie(Horizon("W2", "S1", 3)));
   EXPECT_FALSE(object_->LoadRodStruct("W2", "S2", one));
-  EXPECT_EQ(sql_.texts(), (Strings{"select * from w_rod_struct where Jh = 'W1'",
-                                   "select * from w_rod_struct where Jh = 'W2' and Prod_horizon = 'S1'",
-                                   "select * from w_rod_struct where Jh = 'W2' and Prod_horizon = 'S2'"}));
   EXPECT_TRUE(object_->WellRodStructsExist("W2"));
   EXPECT_FALSE(object_->WellRodStructsExist("W"));
   EXPECT_TRUE(messages_.messages().empty());
@@ -290,7 +251,7 @@ TEST_F(RodStructTest, AWellsRowsAreReplacedTogether) {
   Exec("drop table w_rod_struct");
   EXPECT_FALSE(object_->SaveWellRodStructs("W1", rows));
   EXPECT_EQ(messages_.texts(), Strings{"井筒管柱结构数据表为空！"});
-  for (const auto& m : messages_.messages()) EXPECT_EQ(m.caption, "错误信息");
+  EXPECT_EQ(messages_.messages()[0].caption, "错误信息");
 }
 
 TEST_F(RodStructTest, ListsByPrefixAndWhole) {
@@ -315,16 +276,8 @@ TEST_F(RodStructTest, ListsByPrefixAndWhole) {
 }
 
 TEST_F(RodStructTest, ANetworksInjectionWellsAreReadAndDeletedByItsNodes) {
-  auto nodes = Make<INode>("INode");
-  ASSERT_TRUE(nodes);
-  auto node = [](const std::string& name, int type) {
-    NodeRecord n;
-    n.NodeName = name;
-    n.NodeType = type;
-    return n;
-  };
-  ASSERT_TRUE(nodes->SaveNodes("N1", {node("W2", 2), node("W1", 2), node("R1", 1), node("W9", 2)}));
-  ASSERT_TRUE(nodes->SaveNodes("N2", {node("W3", 2)}));
+  for (const char* node : {"'N1', 'W2', 2", "'N1', 'W1', 2", "'N1', 'R1', 1", "'N1', 'W9', 2", "'N2', 'W3', 2"})
+    Exec(std::string("insert into n_nodes (PipenetName, NodeName, NodeType) values (") + node + ")");
   // R1 has a string row but is no injection well; W3 belongs to another network.
   ASSERT_TRUE(object_->SaveRodStructList(
       {Horizon("W2", "S1", 1), Horizon("R1", "S1", 2), Horizon("W1", "S2", 3), Horizon("W1", "S1", 4),
@@ -334,18 +287,15 @@ TEST_F(RodStructTest, ANetworksInjectionWellsAreReadAndDeletedByItsNodes) {
   ASSERT_TRUE(object_->LoadPipenetRodStructs("N1", rows));
   EXPECT_EQ(sql_.texts(), Strings{"select * from w_rod_struct where Jh in ( select NodeName from n_nodes where "
                                   "PipenetName = 'N1' and NodeType = 2 ) order by Jh"});
-  ASSERT_EQ(rows.size(), 3u);
-  EXPECT_EQ(rows[0].Jh, "W1");
-  EXPECT_EQ(rows[1].Jh, "W1");
-  EXPECT_EQ(rows[2].Jh, "W2");
+  Strings found = WellHorizons(rows);
+  std::sort(found.begin(), found.begin() + 2);  // the order within a well is the engine's
+  EXPECT_EQ(found, (Strings{"W1/S1", "W1/S2", "W2/S1"}));
 
   sql_.clear();
   EXPECT_FALSE(object_->DeletePipenetRodStructs(""));
   EXPECT_EQ(messages_.texts(), Strings{"管网名称不能为空！"});
   EXPECT_TRUE(sql_.texts().empty());
   ASSERT_TRUE(object_->DeletePipenetRodStructs("N1"));
-  EXPECT_EQ(sql_.texts(), Strings{"delete from w_rod_struct where Jh in ( select NodeName from n_nodes where "
-                                  "PipenetName = 'N1' and NodeType = 2 )"});
   EXPECT_EQ(Rows(), (Strings{"R1", "W3"}));
   EXPECT_FALSE(object_->LoadPipenetRodStructs("N1", rows));
 }
@@ -354,11 +304,10 @@ TEST_F(RodStructTest, DeletesByWellAndByList) {
   ASSERT_TRUE(object_->SaveRodStructList(
       {Horizon("W1", "S1", 1), Horizon("W1", "S2", 2), Horizon("W2", "S1", 3), Horizon("W3", "S1", 4),
        Horizon("W4", "S1", 5)}));
-  sql_.clear();
   ASSERT_TRUE(object_->DeleteWellRodStructs("W1"));
+  sql_.clear();
   ASSERT_TRUE(object_->DeleteRodStructsOfWells({"W2", "W4", "none"}));
-  EXPECT_EQ(sql_.texts(), (Strings{"delete from w_rod_struct where Jh = 'W1'",
-                                   "delete from w_rod_struct where Jh in ('W2', 'W4', 'none')"}));
+  EXPECT_EQ(sql_.texts(), Strings{"delete from w_rod_struct where Jh in ('W2', 'W4', 'none')"});
   EXPECT_EQ(Rows(), Strings{"W3"});
   // No well at all is "in ()", which neither engine runs.
   sql_.clear();
@@ -398,24 +347,18 @@ TEST_F(PumpInputPowerTest, ACasesPowersAreSavedListedAndDeleted) {
   EXPECT_EQ(std::tie(powers[0].Proj_name, powers[0].Pump_ID, powers[0].MotorInp_power, powers[0].MotorRunEff),
             std::make_tuple(std::string("C1"), std::string("A"), 0.125, 0.5));
   EXPECT_EQ(std::tie(powers[1].Proj_name, powers[1].Pump_ID), std::make_tuple(std::string("C1"), std::string("B")));
-
   double power = -1, eff = -1;
   ASSERT_TRUE(object_->LoadPumpPower("C1", "B", power, eff));
-  EXPECT_EQ(power, 410.5);
-  EXPECT_EQ(eff, 0.93);
-  EXPECT_EQ(sql_.texts(),
-            (Strings{"select * from r_pump_input_power where Proj_name='C1' order by Pump_ID",
-                     "select MotorInp_power, MotorRunEff from r_pump_input_power where Proj_name='C1' and Pump_ID='B'"}));
+  EXPECT_EQ(std::make_tuple(power, eff), std::make_tuple(410.5, 0.93));
+  EXPECT_EQ(sql_.texts().back(),
+            "select MotorInp_power, MotorRunEff from r_pump_input_power where Proj_name='C1' and Pump_ID='B'");
   EXPECT_FALSE(object_->LoadPumpPower("C2", "B", power, eff));
   EXPECT_EQ(power, 410.5);
 
-  sql_.clear();
   ASSERT_TRUE(object_->DeletePumpPower("C1", "A"));
   EXPECT_EQ(Rows(), (Strings{"B", "A"}));
   ASSERT_TRUE(object_->DeleteCasePumpPowers("C1"));
   EXPECT_EQ(Rows(), Strings{"A"});
-  EXPECT_EQ(sql_.texts("ExecuteSQL"), (Strings{"delete from r_pump_input_power where Proj_name='C1' and Pump_ID='A'",
-                                               "delete from r_pump_input_power where Proj_name='C1'"}));
   EXPECT_FALSE(object_->LoadCasePumpPowers("C1", powers));
   EXPECT_TRUE(powers.empty());
   EXPECT_TRUE(messages_.messages().empty());
@@ -434,10 +377,8 @@ TEST_F(PumpInputPowerTest, EmptyNamesAreRefusedBeforeAnyAccess) {
   EXPECT_TRUE(sql_.texts().empty());
   EXPECT_EQ(messages_.texts(), (Strings{"工况名称不能为空", "工况名称不能为空", "工况名称不能为空",
                                         "工况名称或泵ID不能为空", "工况名称或泵ID不能为空", "工况名称或泵ID不能为空"}));
-  for (const auto& m : messages_.messages()) {
-    EXPECT_EQ(m.style, MessageStyle::Plain);
-    EXPECT_EQ(m.caption, "错误信息");
-  }
+  for (const auto& m : messages_.messages())
+    EXPECT_EQ(std::tie(m.style, m.caption), std::make_tuple(MessageStyle::Plain, std::string("错误信息")));
   EXPECT_EQ(std::make_tuple(power, eff), std::make_tuple(1.0, 2.0));
 }
 
@@ -446,8 +387,7 @@ TEST_F(PumpInputPowerTest, AnUnreadableEfficiencyFailsTheLoadAfterThePower) {
   Exec("update r_pump_input_power set MotorRunEff = NULL where Pump_ID = 'A'");
   double power = 0, eff = -1;
   EXPECT_FALSE(object_->LoadPumpPower("C1", "A", power, eff));
-  EXPECT_EQ(power, 7.25);
-  EXPECT_EQ(eff, -1);
+  EXPECT_EQ(std::make_tuple(power, eff), std::make_tuple(7.25, -1.0));
   std::vector<PumpInputPowerRecord> powers;
   EXPECT_FALSE(object_->LoadCasePumpPowers("C1", powers));
   EXPECT_TRUE(powers.empty());
