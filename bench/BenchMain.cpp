@@ -17,6 +17,7 @@ class RatioReporter : public benchmark::ConsoleReporter {
     for (const auto& run : runs) {
       if (run.error_occurred) continue;
       const std::string name = run.run_name.str();
+      units_[name] = benchmark::GetTimeUnitString(run.time_unit);
       if (run.run_type == Run::RT_Aggregate && run.aggregate_name == "median")
         medians_[name] = run.GetAdjustedRealTime();
       else if (run.run_type == Run::RT_Iteration)
@@ -32,13 +33,16 @@ class RatioReporter : public benchmark::ConsoleReporter {
       const std::string rawName = name.substr(0, slash) + "/raw" + name.substr(slash + 8);
       const auto raw = times_.find(rawName);
       if (raw == times_.end() || raw->second <= 0) continue;
-      std::printf("%-44s %14.1f %14.1f %8.2f\n", name.substr(0, slash).c_str(), time, raw->second,
-                  time / raw->second);
+      const std::string unit = units_.count(name) ? units_.at(name) : "";
+      const std::string shown = name.substr(0, slash) + name.substr(slash + 8);
+      std::printf("%-44s %11.1f %-2s %11.1f %-2s %8.2f\n", shown.c_str(), time, unit.c_str(),
+                  raw->second, unit.c_str(), time / raw->second);
     }
   }
 
  private:
   std::map<std::string, double> times_, medians_;
+  std::map<std::string, std::string> units_;
 };
 
 }  // namespace

@@ -23,7 +23,6 @@
 
 namespace {
 
-constexpr int kRows = 100000;
 constexpr int kArray = 1000000;  // 8 MB of doubles
 
 std::string ServerConnection() {
@@ -77,10 +76,10 @@ struct BenchServer {
     }
   }
   void Exec(const std::string& text) { PQclear(PQexec(raw, text.c_str())); }
-  void FillRows() {
+  void FillRows(int count) {
     Exec("truncate bench_rows");
     Exec("insert into bench_rows select 'P', 'W' || i, 'W' || i, 'oil', i * 1.5, i * 1.5, '1', 3, 10.5, 9.5, 2000 "
-         "from generate_series(0, " + std::to_string(kRows - 1) + ") i");
+         "from generate_series(0, " + std::to_string(count - 1) + ") i");
   }
 };
 
@@ -93,7 +92,10 @@ BenchServer* Server(benchmark::State& state) {
   return &server;
 }
 
-std::vector<std::string> Ids() { return petrodb::bench::WellIds(kRows); }
+// 11-column rows: 10,000, 100,000 and 1,000,000 of them (the benchmark's argument).
+void RowCounts(benchmark::internal::Benchmark* b) {
+  b->Unit(benchmark::kMillisecond)->Iterations(1)->Arg(10000)->Arg(100000)->Arg(1000000);
+}
 
 // One operation's session from the pool, against the same query on an open PGconn.
 void PgSession_petrodb(benchmark::State& state) {
@@ -121,19 +123,21 @@ void PgSession_raw(benchmark::State& state) {
 void PgSave_petrodb(benchmark::State& state) {
   BenchServer* p = Server(state);
   if (!p) return;
-  const auto ids = Ids();
+  const int count = static_cast<int>(state.range(0));
+  const auto ids = petrodb::bench::WellIds(count);
   for (auto _ : state) {
     state.PauseTiming();
     p->Exec("truncate bench_rows");
     state.ResumeTiming();
     if (!petrodb::bench::SaveRows(p->connection, ids)) state.SkipWithError("SaveData failed");
   }
-  state.SetItemsProcessed(state.iterations() * kRows);
+  state.SetItemsProcessed(state.iterations() * count);
 }
 void PgSave_raw(benchmark::State& state) {
   BenchServer* p = Server(state);
   if (!p) return;
-  const auto ids = Ids();
+  const int count = static_cast<int>(state.range(0));
+  const auto ids = petrodb::bench::WellIds(count);
   for (auto _ : state) {
     state.PauseTiming();
     p->Exec("truncate bench_rows");
@@ -142,7 +146,7 @@ void PgSave_raw(benchmark::State& state) {
     PQclear(PQexec(p->raw, "copy bench_rows from stdin"));
     std::string buffer;
     char number[64];
-    for (int i = 0; i < kRows; ++i) {
+    for (int i = 0; i < count; ++i) {
       std::snprintf(number, sizeof number, "%.17g", i * 1.5);
       buffer += "P\t" + ids[i] + "\t" + ids[i] + "\toil\t" + number + "\t" + number + "\t1\t3\t10.5\t9.5\t2000\n";
       if (buffer.size() > (1 << 20)) {
@@ -155,7 +159,7 @@ void PgSave_raw(benchmark::State& state) {
     while (PGresult* r = PQgetResult(p->raw)) PQclear(r);
     p->Exec("commit");
   }
-  state.SetItemsProcessed(state.iterations() * kRows);
+  state.SetItemsProcessed(state.iterations() * count);
 }
 
 using petrodb::bench::Row;
@@ -164,18 +168,20 @@ using petrodb::bench::Row;
 void PgRead_petrodb(benchmark::State& state) {
   BenchServer* p = Server(state);
   if (!p) return;
-  p->FillRows();
+  const int count = static_cast<int>(state.range(0));
+  p->FillRows(count);
   std::vector<Row> rows;
   for (auto _ : state) {
     petrodb::bench::ReadRows(p->connection, rows);
-    if (rows.size() != kRows) state.SkipWithError("rows lost");
+    if (rows.size() != static_cast<std::size_t>(count)) state.SkipWithError("rows lost");
   }
-  state.SetItemsProcessed(state.iterations() * kRows);
+  state.SetItemsProcessed(state.iterations() * count);
 }
 void PgRead_raw(benchmark::State& state) {
   BenchServer* p = Server(state);
   if (!p) return;
-  p->FillRows();
+  const int count = static_cast<int>(state.range(0));
+  p->FillRows(count);
   std::vector<Row> rows;
   for (auto _ : state) {
     rows.clear();
@@ -197,9 +203,9 @@ void PgRead_raw(benchmark::State& state) {
       rows.push_back(std::move(r));
     }
     PQclear(res);
-    if (rows.size() != kRows) state.SkipWithError("rows lost");
+    if (rows.size() != static_cast<std::size_t>(count)) state.SkipWithError("rows lost");
   }
-  state.SetItemsProcessed(state.iterations() * kRows);
+  state.SetItemsProcessed(state.iterations() * count);
 }
 
 // An 8 MB array written and read back, against a raw binary bytea round trip.
@@ -237,10 +243,10 @@ void PgArray_raw(benchmark::State& state) {
 
 BENCHMARK(PgSession_petrodb)->Name("PgSession/petrodb");
 BENCHMARK(PgSession_raw)->Name("PgSession/raw");
-BENCHMARK(PgSave_petrodb)->Name("PgSave100k/petrodb")->Unit(benchmark::kMillisecond)->Iterations(3);
-BENCHMARK(PgSave_raw)->Name("PgSave100k/raw")->Unit(benchmark::kMillisecond)->Iterations(3);
-BENCHMARK(PgRead_petrodb)->Name("PgReadRows100kByName/petrodb")->Unit(benchmark::kMillisecond)->Iterations(3);
-BENCHMARK(PgRead_raw)->Name("PgReadRows100kByName/raw")->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(PgSave_petrodb)->Name("PgSaveRows/petrodb")->Apply(RowCounts);
+BENCHMARK(PgSave_raw)->Name("PgSaveRows/raw")->Apply(RowCounts);
+BENCHMARK(PgRead_petrodb)->Name("PgReadRowsByName/petrodb")->Apply(RowCounts);
+BENCHMARK(PgRead_raw)->Name("PgReadRowsByName/raw")->Apply(RowCounts);
 BENCHMARK(PgArray_petrodb)->Name("PgArray8MB/petrodb")->Unit(benchmark::kMillisecond)->Iterations(5);
 BENCHMARK(PgArray_raw)->Name("PgArray8MB/raw")->Unit(benchmark::kMillisecond)->Iterations(5);
 

@@ -18,7 +18,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kRows = 100000;
 constexpr int kArray = 1000000;
 
 
@@ -49,16 +48,20 @@ struct BenchProject {
     sqlite3_close(raw);
     fs::remove_all(fs::path(file).parent_path());
   }
+  int filled = 0;  // rows FillRows left in bench_rows
   void Clear(const char* table) {
+    if (std::string(table) == "bench_rows") filled = 0;
     sqlite3_exec(raw, (std::string("delete from ") + table).c_str(), nullptr, nullptr, nullptr);
   }
-  void FillRows() {
+  void FillRows(int count) {
+    if (filled == count) return;
+    filled = count;
     Clear("bench_rows");
     sqlite3_exec(raw, "begin", nullptr, nullptr, nullptr);
     sqlite3_stmt* s = nullptr;
     sqlite3_prepare_v2(raw, "insert into bench_rows values ('P', ?1, ?1, 'oil', ?2, ?2, '1', 3, 10.5, 9.5, 2000)", -1,
                        &s, nullptr);
-    for (int i = 0; i < kRows; ++i) {
+    for (int i = 0; i < count; ++i) {
       const std::string id = "W" + std::to_string(i);
       sqlite3_bind_text(s, 1, id.c_str(), -1, SQLITE_TRANSIENT);
       sqlite3_bind_double(s, 2, i * 1.5);
@@ -99,20 +102,23 @@ void Session_raw(benchmark::State& state) {
 }
 
 // BeginSaveData, AddNew x 100,000, SaveData of 11-column rows.
+// The row count is the benchmark's argument: time per row should not grow with it.
 void SaveBatch_petrodb(benchmark::State& state) {
   auto& p = Project();
-  const auto ids = petrodb::bench::WellIds(kRows);
+  const int count = static_cast<int>(state.range(0));
+  const auto ids = petrodb::bench::WellIds(count);
   for (auto _ : state) {
     state.PauseTiming();
     p.Clear("bench_rows");
     state.ResumeTiming();
     if (!petrodb::bench::SaveRows(p.connection, ids)) state.SkipWithError("SaveData failed");
   }
-  state.SetItemsProcessed(state.iterations() * kRows);
+  state.SetItemsProcessed(state.iterations() * count);
 }
 void SaveBatch_raw(benchmark::State& state) {
   auto& p = Project();
-  const auto ids = petrodb::bench::WellIds(kRows);
+  const int count = static_cast<int>(state.range(0));
+  const auto ids = petrodb::bench::WellIds(count);
   for (auto _ : state) {
     state.PauseTiming();
     p.Clear("bench_rows");
@@ -120,7 +126,7 @@ void SaveBatch_raw(benchmark::State& state) {
     sqlite3_stmt* s = nullptr;
     sqlite3_prepare_v2(p.raw, "insert into bench_rows values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)", -1, &s, nullptr);
     sqlite3_exec(p.raw, "begin immediate", nullptr, nullptr, nullptr);
-    for (int i = 0; i < kRows; ++i) {
+    for (int i = 0; i < count; ++i) {
       sqlite3_bind_text(s, 1, "P", -1, SQLITE_STATIC);
       sqlite3_bind_text(s, 2, ids[i].c_str(), static_cast<int>(ids[i].size()), SQLITE_STATIC);
       sqlite3_bind_text(s, 3, ids[i].c_str(), static_cast<int>(ids[i].size()), SQLITE_STATIC);
@@ -138,7 +144,7 @@ void SaveBatch_raw(benchmark::State& state) {
     sqlite3_exec(p.raw, "commit", nullptr, nullptr, nullptr);
     sqlite3_finalize(s);
   }
-  state.SetItemsProcessed(state.iterations() * kRows);
+  state.SetItemsProcessed(state.iterations() * count);
 }
 
 using petrodb::bench::Row;
@@ -146,17 +152,19 @@ using petrodb::bench::Row;
 // Reading 100,000 rows by column name, against reading them by index.
 void ReadRows_petrodb(benchmark::State& state) {
   auto& p = Project();
-  p.FillRows();
+  const int count = static_cast<int>(state.range(0));
+  p.FillRows(count);
   std::vector<Row> rows;
   for (auto _ : state) {
     petrodb::bench::ReadRows(p.connection, rows);
     benchmark::DoNotOptimize(rows.data());
   }
-  state.SetItemsProcessed(state.iterations() * kRows);
+  state.SetItemsProcessed(state.iterations() * count);
 }
 void ReadRows_raw(benchmark::State& state) {
   auto& p = Project();
-  p.FillRows();
+  const int count = static_cast<int>(state.range(0));
+  p.FillRows(count);
   std::vector<Row> rows;
   sqlite3_stmt* s = nullptr;
   sqlite3_prepare_v2(p.raw, "select * from bench_rows", -1, &s, nullptr);
@@ -182,7 +190,7 @@ void ReadRows_raw(benchmark::State& state) {
     benchmark::DoNotOptimize(rows.data());
   }
   sqlite3_finalize(s);
-  state.SetItemsProcessed(state.iterations() * kRows);
+  state.SetItemsProcessed(state.iterations() * count);
 }
 
 // A 1,000,000-double array written and read back.
@@ -264,10 +272,14 @@ BENCHMARK(Replace_petrodb)->Name("Replace/petrodb")->Unit(benchmark::kMicrosecon
 BENCHMARK(Replace_raw)->Name("Replace/raw")->Unit(benchmark::kMicrosecond);
 BENCHMARK(Session_petrodb)->Name("Session/petrodb");
 BENCHMARK(Session_raw)->Name("Session/raw");
-BENCHMARK(SaveBatch_petrodb)->Name("SaveBatch100k/petrodb")->Unit(benchmark::kMillisecond)->Iterations(5);
-BENCHMARK(SaveBatch_raw)->Name("SaveBatch100k/raw")->Unit(benchmark::kMillisecond)->Iterations(5);
-BENCHMARK(ReadRows_petrodb)->Name("ReadRows100kByName/petrodb")->Unit(benchmark::kMillisecond)->Iterations(5);
-BENCHMARK(ReadRows_raw)->Name("ReadRows100kByName/raw")->Unit(benchmark::kMillisecond)->Iterations(5);
+// 11-column rows: 10,000, 100,000 and 1,000,000 of them.
+void RowCounts(benchmark::internal::Benchmark* b) {
+  b->Unit(benchmark::kMillisecond)->Iterations(1)->Arg(10000)->Arg(100000)->Arg(1000000);
+}
+BENCHMARK(SaveBatch_petrodb)->Name("SaveRows/petrodb")->Apply(RowCounts);
+BENCHMARK(SaveBatch_raw)->Name("SaveRows/raw")->Apply(RowCounts);
+BENCHMARK(ReadRows_petrodb)->Name("ReadRowsByName/petrodb")->Apply(RowCounts);
+BENCHMARK(ReadRows_raw)->Name("ReadRowsByName/raw")->Apply(RowCounts);
 BENCHMARK(Array_petrodb)->Name("Array1M/petrodb")->Unit(benchmark::kMillisecond)->Iterations(10);
 BENCHMARK(Array_raw)->Name("Array1M/raw")->Unit(benchmark::kMillisecond)->Iterations(10);
 

@@ -4,6 +4,7 @@
 // time.
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <optional>
 #include <span>
@@ -50,6 +51,8 @@ struct PendingRow {
   std::string table;
   std::vector<std::pair<std::string, Cell>> cells;
 };
+// A batch grows row by row to any length: a deque never moves the rows it holds.
+using PendingRows = std::deque<PendingRow>;
 
 // Rows of the same table with the same columns in the same order: one prepared
 // insert serves them all.
@@ -81,7 +84,9 @@ class Connection {
   // bridge); the text itself when nothing needs rewriting.
   virtual std::string Rewrite(const std::string& statement) const = 0;
   // Runs one select statement. Null when it could not run (error filled).
-  virtual std::unique_ptr<Cursor> Query(const std::string& statement, std::string& error) = 0;
+  // `arrays` says the result holds double arrays: an engine may then fetch the
+  // rows in a form that carries them faster.
+  virtual std::unique_ptr<Cursor> Query(const std::string& statement, std::string& error, bool arrays = false) = 0;
   // Runs one statement that returns no rows.
   virtual bool Execute(const std::string& statement, std::string& error) = 0;
   virtual bool TableExists(const std::string& table) = 0;
@@ -89,7 +94,7 @@ class Connection {
   // Inside a transaction (Begin) the rows join it; otherwise they are written in
   // a transaction of their own. `ran` receives, per run attempted, the text the
   // engine ran for it. Nothing of the call is kept on failure.
-  virtual bool Insert(const std::vector<PendingRow>& rows, std::vector<std::string>& ran, std::string& error) = 0;
+  virtual bool Insert(const PendingRows& rows, std::vector<std::string>& ran, std::string& error) = 0;
 
   // The module statement read as a request to restore a database (only the
   // catalogue's restore statement, in the server dialect, is one).

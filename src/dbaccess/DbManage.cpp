@@ -20,6 +20,7 @@ using petrodb::db::CellKind;
 using petrodb::db::Connection;
 using petrodb::db::Cursor;
 using petrodb::db::PendingRow;
+using petrodb::db::PendingRows;
 using petrodb::db::Group;
 
 namespace {
@@ -287,7 +288,7 @@ struct CDbManage::Impl {
   bool readFailed = false;
   mutable int lastColumn = -1;                    // fields are mostly read in column order
 
-  std::vector<PendingRow> pending;
+  PendingRows pending;
   std::string saveTable;
   bool saveTableMissing = false;
   bool rowOpen = false;
@@ -370,7 +371,7 @@ struct CDbManage::Impl {
   bool Flush() {
     CloseCursor();
     rowOpen = false;
-    std::vector<PendingRow> rows;
+    PendingRows rows;
     rows.swap(pending);
     std::string error;
     if (!conn || saveTableMissing) {
@@ -424,7 +425,7 @@ CDbManage::~CDbManage() {
 
 bool CDbManage::IsConnected() const { return impl_->conn != nullptr; }
 
-GetDataResult CDbManage::GetDataFromDB(const char* statement, bool) {
+GetDataResult CDbManage::GetDataFromDB(const char* statement, bool binary) {
   Stopwatch watch;
   impl_->CloseCursor();
   const std::string text = statement ? statement : "";
@@ -439,7 +440,7 @@ GetDataResult CDbManage::GetDataFromDB(const char* statement, bool) {
   }
   const std::string query = IsBareTableName(text) ? "select * from " + text : text;
   const std::string sent = impl_->conn->Rewrite(query);
-  impl_->cursor = impl_->conn->Query(sent, error);
+  impl_->cursor = impl_->conn->Query(sent, error, binary);
   GetDataResult result = !impl_->cursor ? kFailed : impl_->cursor->OnRow() ? kRowsFound : kNoRows;
   if (result == kFailed) {
     impl_->Failed(error);

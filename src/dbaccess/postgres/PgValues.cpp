@@ -23,6 +23,24 @@ void CivilFromDays(std::int64_t z, int& y, unsigned& m, unsigned& d) {
   y = static_cast<int>(yy + (m <= 2));
 }
 
+// A civil date to days since 1970-01-01.
+std::int64_t DaysFromCivil(std::int64_t y, unsigned m, unsigned d) {
+  y -= m <= 2;
+  const std::int64_t era = (y >= 0 ? y : y - 399) / 400;
+  const unsigned yoe = static_cast<unsigned>(y - era * 400);
+  const unsigned doy = (153 * (m > 2 ? m - 3 : m + 9) + 2) / 5 + d - 1;
+  const unsigned doe = yoe * 365 + yoe / 4 - yoe / 100 + doy;
+  return era * 146097 + static_cast<std::int64_t>(doe) - 719468;
+}
+
+// Digits at `at` as a number; advances past them. -1 when there are none.
+std::int64_t Digits(std::string_view text, std::size_t& at) {
+  std::int64_t v = 0;
+  const std::size_t from = at;
+  while (at < text.size() && text[at] >= '0' && text[at] <= '9') v = v * 10 + (text[at++] - '0');
+  return at == from ? -1 : v;
+}
+
 constexpr std::int64_t kDaysFrom1970To2000 = 10957;
 constexpr std::int64_t kMicrosPerDay = 86400LL * 1000000LL;
 
@@ -161,6 +179,63 @@ void AppendCopyBytea(std::string& out, const void* data, std::size_t size) {
     *p++ = kHex[bytes[i] >> 4];
     *p++ = kHex[bytes[i] & 15];
   }
+}
+
+std::string TimestampTextFromText(std::string_view text, bool withZone) {
+  // Fractions of a second go; everything else stays as the server wrote it.
+  std::string out;
+  std::size_t i = 0;
+  while (i < text.size()) {
+    if (text[i] == '.' && i + 1 < text.size() && text[i + 1] >= '0' && text[i + 1] <= '9') {
+      ++i;
+      while (i < text.size() && text[i] >= '0' && text[i] <= '9') ++i;
+      continue;
+    }
+    out += text[i++];
+  }
+  if (!withZone) return out;
+  // "YYYY-MM-DD HH:MM:SS+HH[:MM[:SS]]" in the session's zone, to UTC.
+  std::size_t at = 0;
+  const std::int64_t y = Digits(out, at);
+  if (y < 0 || at >= out.size() || out[at++] != '-') return out;
+  const std::int64_t mo = Digits(out, at);
+  if (mo < 1 || mo > 12 || at >= out.size() || out[at++] != '-') return out;
+  const std::int64_t d = Digits(out, at);
+  if (d < 1 || at >= out.size() || out[at++] != ' ') return out;
+  std::int64_t hms[3] = {0, 0, 0};
+  for (int k = 0; k < 3; ++k) {
+    if (k && (at >= out.size() || out[at++] != ':')) return out;
+    if ((hms[k] = Digits(out, at)) < 0) return out;
+  }
+  if (at >= out.size() || (out[at] != '+' && out[at] != '-')) return out;
+  const int sign = out[at++] == '-' ? -1 : 1;
+  std::int64_t offset[3] = {0, 0, 0};
+  for (int k = 0; k < 3 && at < out.size(); ++k) {
+    if (k && out[at++] != ':') return out;
+    if ((offset[k] = Digits(out, at)) < 0) return out;
+  }
+  if (at != out.size()) return out;  // " BC" and the like stay as written
+  const std::int64_t seconds = (DaysFromCivil(y, static_cast<unsigned>(mo), static_cast<unsigned>(d)) -
+                                kDaysFrom1970To2000) * 86400 + hms[0] * 3600 + hms[1] * 60 + hms[2] -
+                               sign * (offset[0] * 3600 + offset[1] * 60 + offset[2]);
+  return TimestampText(seconds * 1000000);
+}
+
+bool ByteaFromText(std::string_view text, std::string& bytes) {
+  if (text.size() < 2 || text[0] != '\\' || text[1] != 'x' || text.size() % 2) return false;
+  auto nibble = [](char c) -> int {
+    if (c >= '0' && c <= '9') return c - '0';
+    if (c >= 'a' && c <= 'f') return c - 'a' + 10;
+    if (c >= 'A' && c <= 'F') return c - 'A' + 10;
+    return -1;
+  };
+  bytes.resize((text.size() - 2) / 2);
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    const int hi = nibble(text[2 + 2 * i]), lo = nibble(text[3 + 2 * i]);
+    if (hi < 0 || lo < 0) return false;
+    bytes[i] = static_cast<char>(hi << 4 | lo);
+  }
+  return true;
 }
 
 }  // namespace petrodb::db::pg

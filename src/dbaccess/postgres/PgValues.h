@@ -44,6 +44,13 @@ std::string TimeText(std::int64_t micros);
 // Binary numeric as its decimal text ("-12.50", "NaN").
 std::string NumericText(const char* data, int length);
 
+// Text-format result cells, read to the same values as their binary forms:
+// a timestamp, time or timestamptz text without fractions of a second (a
+// timestamptz moved to UTC, as its binary form is), and a hex bytea ("\\x0a1b")
+// as its bytes. False when the text is not of that form.
+std::string TimestampTextFromText(std::string_view text, bool withZone);
+bool ByteaFromText(std::string_view text, std::string& bytes);
+
 // A double as text that reads back the same number ("NaN", "Infinity" included).
 std::string DoubleText(double value);
 // Appends DoubleText(value) without a temporary.

@@ -14,6 +14,7 @@
 #include <mutex>
 #include <sstream>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "dbaccess/JetBridge.h"
 #include "dbaccess/Pool.h"
@@ -238,10 +239,7 @@ class PgCursor final : public Cursor {
   std::int64_t Integer(int i) const override;
   double Real(int i) const override;
   std::string_view Text(int i) const override;
-  std::span<const std::byte> Blob(int i) const override {
-    return {reinterpret_cast<const std::byte*>(PQgetvalue(result_.get(), row_, i)),
-            static_cast<std::size_t>(PQgetlength(result_.get(), row_, i))};
-  }
+  std::span<const std::byte> Blob(int i) const override;
   std::string Error() const override { return error_; }
 
  private:
@@ -258,6 +256,7 @@ class PgCursor final : public Cursor {
   long generation_;
   int slice_ = kFirstSlice;  // rows asked for in the current slice
   std::vector<unsigned> types_;
+  bool binary_ = true;  // the result's format (text otherwise)
   mutable std::vector<std::string> scratch_;
   std::string error_;
 };
@@ -281,7 +280,7 @@ class PgConnection final : public Connection {
       EndTransaction();
       if (PQtransactionStatus(conn_.get()) != PQTRANS_IDLE) return false;
     }
-    return SocketQuiet(conn_.get());
+    return Quiet();
   }
 
   std::string Rewrite(const std::string& statement) const override {
@@ -289,12 +288,20 @@ class PgConnection final : public Connection {
     return pg::RewriteServerForPostgres(statement);
   }
 
-  std::unique_ptr<Cursor> Query(const std::string& statement, std::string& error) override {
+  // Rows come in the text format: the server makes it much faster than the
+  // binary one for extension types such as citext. Results with double arrays
+  // come binary, which carries them at their size rather than as hex; a
+  // statement once seen to return an array is asked for binary from then on.
+  std::unique_ptr<Cursor> Query(const std::string& statement, std::string& error, bool arrays = false) override {
     if (!Live(error)) return nullptr;
-    if (std::string table; IsWholeTableRead(statement, table)) return OpenProbe(table, error);
+    const bool binary = arrays || arrayTexts_.count(statement) > 0;
+    if (std::string table; IsWholeTableRead(statement, table)) return OpenProbe(table, binary, error);
     for (int attempt = 0;; ++attempt) {
-      ResultHandle r = Statement(statement, 1, false, error);
-      if (r && !Failed(r.get())) return std::make_unique<PgCursor>(this, std::move(r), std::string(), generation_);
+      ResultHandle r = Statement(statement, binary ? 1 : 0, false, error);
+      if (r && !Failed(r.get())) {
+        if (!binary) NoteArrays(statement, r.get());
+        return std::make_unique<PgCursor>(this, std::move(r), std::string(), generation_);
+      }
       // A read that met a dropped connection, outside a transaction, is run again on a new one.
       const bool nothingWritten = txn_ == Txn::None || (txn_ == Txn::Operation && pendingBegin_);
       if (attempt == 0 && nothingWritten && PQstatus(conn_.get()) == CONNECTION_BAD && Reconnect(error)) continue;
@@ -324,7 +331,7 @@ class PgConnection final : public Connection {
            PQgetvalue(r.get(), 0, 0)[0] == 't';
   }
 
-  bool Insert(const std::vector<PendingRow>& rows, std::vector<std::string>& ran, std::string& error) override {
+  bool Insert(const PendingRows& rows, std::vector<std::string>& ran, std::string& error) override {
     if (!Live(error)) return false;
     const bool own = !InTransaction();
     if (own && !Run("begin", error)) return false;
@@ -467,6 +474,16 @@ class PgConnection final : public Connection {
     }
   }
   unsigned CitextOid() const { return citext_; }
+
+  // Remembers a statement whose text-format result held an array column.
+  void NoteArrays(const std::string& statement, const PGresult* r) {
+    for (int i = 0, n = PQnfields(r); i < n; ++i)
+      if (PQftype(r, i) == pg::kBytea && PQfformat(r, i) == 0) {
+        if (arrayTexts_.size() >= 1024) arrayTexts_.clear();
+        arrayTexts_.insert(statement);
+        return;
+      }
+  }
   long Generation() const { return generation_; }
 
  private:
@@ -598,6 +615,7 @@ class PgConnection final : public Connection {
   void Drop() {
     const bool resume = txn_ == Txn::Operation && pendingBegin_;
     conn_.reset();
+    quietAt_ = {};
     prepared_.clear();
     EndTransaction();
     if (resume) {
@@ -712,7 +730,7 @@ class PgConnection final : public Connection {
   bool Live(std::string& error) {
     const bool ok = conn_ && PQstatus(conn_.get()) == CONNECTION_OK;
     if (ok && PQtransactionStatus(conn_.get()) != PQTRANS_IDLE) return true;
-    if (ok && SocketQuiet(conn_.get())) return true;
+    if (ok && Quiet()) return true;
     if (txn_ == Txn::Operation && !pendingBegin_) {
       error = "the connection to the server was lost during the operation: " + Where();
       Drop();
@@ -721,12 +739,23 @@ class PgConnection final : public Connection {
     return Reconnect(error);
   }
 
+  // The socket was quiet a moment ago (the pool looks before handing the
+  // connection out) or is now: one look serves both.
+  bool Quiet() {
+    const auto now = Clock::now();
+    if (now - quietAt_ < std::chrono::milliseconds(1)) return true;
+    if (!SocketQuiet(conn_.get())) return false;
+    quietAt_ = now;
+    return true;
+  }
+
   bool Reconnect(std::string& error) {
     ConnHandle fresh = params_.Connect(error);
     if (!fresh) return false;
     CountConnectionOpened();
     const bool resume = txn_ == Txn::Operation && pendingBegin_;
     conn_ = std::move(fresh);
+    quietAt_ = {};
     prepared_.clear();
     EndTransaction();
     if (resume) {
@@ -739,9 +768,10 @@ class PgConnection final : public Connection {
   // One round trip: the cursor's own transaction when none is open (else a
   // savepoint, so that a missing table undoes only itself), the declare and the
   // first slice.
-  std::unique_ptr<Cursor> OpenProbe(const std::string& table, std::string& error) {
+  std::unique_ptr<Cursor> OpenProbe(const std::string& table, bool binary, std::string& error) {
     const std::string name = "petrodb_rows_" + std::to_string(++probeCounter_);
-    const std::string body = "declare " + name + " binary no scroll cursor for select * from " + table + "; fetch " +
+    const std::string body = "declare " + name + (binary ? " binary" : "") + " no scroll cursor for select * from " +
+                             table + "; fetch " +
                              std::to_string(kFirstSlice) + " from " + name;
     const bool opened = txn_ == Txn::None || (txn_ == Txn::Operation && pendingBegin_);
     const std::string text =
@@ -767,6 +797,7 @@ class PgConnection final : public Connection {
       lockPending_ = true;
     }
     probes_.push_back(name);
+    if (!binary) NoteArrays("select * from " + table, r.get());
     return std::make_unique<PgCursor>(this, std::move(r), name, generation_);
   }
 
@@ -789,7 +820,7 @@ class PgConnection final : public Connection {
 
   // Rows one by one through a statement prepared once per connection; arrays
   // travel as binary parameters.
-  bool InsertEach(const std::vector<PendingRow>& rows, std::size_t from, std::size_t to,
+  bool InsertEach(const PendingRows& rows, std::size_t from, std::size_t to,
                   std::vector<std::string>& ran, std::string& error) {
     const std::string text = InsertText(rows[from], &pg::ColumnIdentifier, &Parameter);
     ran.push_back(text);
@@ -841,7 +872,7 @@ class PgConnection final : public Connection {
   }
 
   // A long run of rows with the same columns through COPY, in text format.
-  bool Copy(const std::vector<PendingRow>& rows, std::size_t from, std::size_t to, std::vector<std::string>& ran,
+  bool Copy(const PendingRows& rows, std::size_t from, std::size_t to, std::vector<std::string>& ran,
             std::string& error) {
     const PendingRow& first = rows[from];
     std::string text = "copy " + first.table + " (";
@@ -906,6 +937,8 @@ class PgConnection final : public Connection {
   long probeCounter_ = 0;
   std::unordered_map<std::string, std::string> prepared_;
   long preparedCounter_ = 0;
+  std::unordered_set<std::string> arrayTexts_;
+  Clock::time_point quietAt_{};  // when the socket was last seen quiet  // statements whose results hold arrays
 };
 
 PgCursor::PgCursor(PgConnection* owner, ResultHandle result, std::string probe, long generation)
@@ -927,6 +960,7 @@ void PgCursor::Adopt(ResultHandle result) {
   row_ = 0;
   const int n = PQnfields(result_.get());
   types_.resize(n);
+  binary_ = n == 0 || PQfformat(result_.get(), 0) == 1;
   for (int i = 0; i < n; ++i) {
     types_[i] = PQftype(result_.get(), i);
     if (types_[i] == owner_->CitextOid()) types_[i] = pg::kText;
@@ -976,8 +1010,47 @@ CellKind PgCursor::Kind(int i) const {
   }
 }
 
+namespace {
+
+// Text-format numbers; 0 when the text is none.
+std::int64_t TextInteger(std::string_view text) {
+  std::int64_t v = 0;
+  std::from_chars(text.data(), text.data() + text.size(), v);
+  return v;
+}
+double TextReal(std::string_view text) {
+  double v = 0;
+  std::from_chars(text.data(), text.data() + text.size(), v);
+  return v;
+}
+
+}  // namespace
+
+std::span<const std::byte> PgCursor::Blob(int i) const {
+  if (!binary_) {
+    if (!pg::ByteaFromText(std::string_view(Value(i), static_cast<std::size_t>(Length(i))), scratch_[i])) return {};
+    return {reinterpret_cast<const std::byte*>(scratch_[i].data()), scratch_[i].size()};
+  }
+  return {reinterpret_cast<const std::byte*>(Value(i)), static_cast<std::size_t>(Length(i))};
+}
+
 // Integer and Real of a column of another kind read its text (0 when it is no number).
 std::int64_t PgCursor::Integer(int i) const {
+  if (!binary_) {
+    switch (types_[i]) {
+      case pg::kBool: return Value(i)[0] == 't';
+      case pg::kInt2:
+      case pg::kInt4:
+      case pg::kOid:
+      case pg::kInt8: return TextInteger(std::string_view(Value(i), Length(i)));
+      case pg::kFloat4:
+      case pg::kFloat8: return static_cast<std::int64_t>(Real(i));
+      case pg::kBytea: return 0;
+      default: break;
+    }
+    double d = 0;
+    return sql::ParseWholeNumber(Text(i), d) && d > -9.2e18 && d < 9.2e18 ? static_cast<std::int64_t>(d) : 0;
+  }
   switch (types_[i]) {
     case pg::kBool: return Value(i)[0] != 0;
     case pg::kInt2: return pg::ReadBigEndian(Value(i), 2);
@@ -995,6 +1068,22 @@ std::int64_t PgCursor::Integer(int i) const {
 }
 
 double PgCursor::Real(int i) const {
+  if (!binary_) {
+    switch (types_[i]) {
+      case pg::kFloat4:  // the shortest text that reads back the same float
+        return static_cast<float>(TextReal(std::string_view(Value(i), Length(i))));
+      case pg::kFloat8: return TextReal(std::string_view(Value(i), Length(i)));
+      case pg::kBool:
+      case pg::kInt2:
+      case pg::kInt4:
+      case pg::kOid:
+      case pg::kInt8: return static_cast<double>(Integer(i));
+      case pg::kBytea: return 0;
+      default: break;
+    }
+    double d = 0;
+    return sql::ParseWholeNumber(Text(i), d) ? d : 0;
+  }
   switch (types_[i]) {
     case pg::kFloat4: return pg::ReadFloat4(Value(i));
     case pg::kFloat8: return pg::ReadFloat8(Value(i));
@@ -1012,6 +1101,15 @@ double PgCursor::Real(int i) const {
 }
 
 std::string_view PgCursor::Text(int i) const {
+  if (!binary_) {
+    const std::string_view text(Value(i), static_cast<std::size_t>(Length(i)));
+    switch (types_[i]) {
+      case pg::kTimestamp:
+      case pg::kTime: return scratch_[i] = pg::TimestampTextFromText(text, false);
+      case pg::kTimestampTz: return scratch_[i] = pg::TimestampTextFromText(text, true);
+      default: return text;
+    }
+  }
   switch (types_[i]) {
     case pg::kTimestamp:
     case pg::kTimestampTz: return scratch_[i] = pg::TimestampText(pg::ReadBigEndian(Value(i), 8));

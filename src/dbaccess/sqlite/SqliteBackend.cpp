@@ -6,6 +6,7 @@
 
 #include <bit>
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <cstring>
 #include <list>
@@ -22,6 +23,9 @@ namespace {
 
 static_assert(std::endian::native == std::endian::little,
               "double arrays are stored little-endian; add a byte swap for this platform");
+
+// How long a pooled connection's file counts as checked (see Healthy).
+constexpr std::chrono::milliseconds kIdentityStep{1};
 
 struct DbCloser {
   void operator()(sqlite3* db) const { sqlite3_close_v2(db); }
@@ -197,19 +201,33 @@ class SqliteConnection final : public Connection {
   std::string Where() const override { return path_; }
 
   // The file must still be the one opened: a project replaced or removed under a
-  // pooled connection is reopened, not read through a stale handle.
+  // pooled connection is reopened, not read through a stale handle. Looking the
+  // path up costs a system call, as much as the statement itself; a connection
+  // taken again within kIdentityStep of the last look is not looked at again, so
+  // back-to-back operations pay for one look per step, not one each.
   bool Healthy() override {
-    if (db_ && !sqlite3_get_autocommit(db_.get())) Rollback();  // never hand out an open transaction
+    if (!db_) return false;
+    if (!sqlite3_get_autocommit(db_.get())) Rollback();  // never hand out an open transaction
+    const auto now = std::chrono::steady_clock::now();
+    if (now - checked_ < kIdentityStep) return true;
     struct stat st{};
-    return db_ && ::stat(path_.c_str(), &st) == 0 && st.st_dev == device_ && st.st_ino == inode_;
+    if (::stat(path_.c_str(), &st) != 0 || st.st_dev != device_ || st.st_ino != inode_) return false;
+    checked_ = now;
+    return true;
   }
 
   // Date columns hold ISO text: literals given to them are padded as stored.
+  // The rewrite depends on the text alone: operations repeat their texts, so the
+  // results are kept (a bounded number of them).
   std::string Rewrite(const std::string& statement) const override {
-    return dialect_ == Dialect::Jet ? RewriteJetForSqlite(statement) : NormaliseDateLiterals(statement);
+    if (const auto it = rewritten_.find(statement); it != rewritten_.end()) return it->second;
+    std::string sent = dialect_ == Dialect::Jet ? RewriteJetForSqlite(statement) : NormaliseDateLiterals(statement);
+    if (rewritten_.size() >= 256) rewritten_.clear();
+    rewritten_.emplace(statement, sent);
+    return sent;
   }
 
-  std::unique_ptr<Cursor> Query(const std::string& statement, std::string& error) override {
+  std::unique_ptr<Cursor> Query(const std::string& statement, std::string& error, bool = false) override {
     StmtHandle owned;
     sqlite3_stmt* stmt = Prepare(statement, owned, error);
     if (!stmt) return nullptr;
@@ -248,17 +266,23 @@ class SqliteConnection final : public Connection {
     return found;
   }
 
-  bool Insert(const std::vector<PendingRow>& rows, std::vector<std::string>& ran, std::string& error) override {
+  bool Insert(const PendingRows& rows, std::vector<std::string>& ran, std::string& error) override {
     lastInsert_ = nullptr;
     const bool own = !InTransaction();
     if (own && !Begin(error)) return false;
-    for (std::size_t i = 0; i < rows.size(); ++i) {
+    bool ok = true;
+    for (std::size_t i = 0; i < rows.size() && ok; ++i) {
       const bool sameRun = i > 0 && SameShape(rows[i], rows[i - 1]);
-      if (!sameRun) ran.push_back(InsertText(rows[i]));
-      if (!InsertRow(rows[i], sameRun, error)) {
-        if (own) Rollback();
-        return false;
+      if (!sameRun) {
+        ReleaseInsert();
+        ran.push_back(InsertText(rows[i]));
       }
+      ok = InsertRow(rows[i], sameRun, error);
+    }
+    ReleaseInsert();
+    if (!ok) {
+      if (own) Rollback();
+      return false;
     }
     return !own || Commit(error);
   }
@@ -340,6 +364,12 @@ class SqliteConnection final : public Connection {
     return dateColumns_.emplace(key, std::move(columns)).first->second;
   }
 
+  // A cached insert keeps no values that point into rows about to go.
+  void ReleaseInsert() {
+    if (lastInsert_) sqlite3_clear_bindings(lastInsert_);
+    lastInsert_ = nullptr;
+  }
+
   // Rows of the same table and columns as the row before reuse its statement.
   bool InsertRow(const PendingRow& row, bool sameRun, std::string& error) {
     if (row.cells.empty()) return Execute(InsertText(row), error);
@@ -378,10 +408,10 @@ class SqliteConnection final : public Connection {
         sqlite3_bind_null(stmt, slot);
       }
     }
+    // Every parameter is bound again for each row: no need to clear them.
     const int rc = sqlite3_step(stmt);
     if (rc != SQLITE_DONE) error = Explain(db_.get(), path_);
     sqlite3_reset(stmt);
-    sqlite3_clear_bindings(stmt);
     return rc == SQLITE_DONE;
   }
 
@@ -390,7 +420,9 @@ class SqliteConnection final : public Connection {
   std::string path_;
   dev_t device_ = 0;
   ino_t inode_ = 0;
+  std::chrono::steady_clock::time_point checked_ = std::chrono::steady_clock::now();  // identity last confirmed
   StatementCache cache_;
+  mutable std::unordered_map<std::string, std::string> rewritten_;
   std::map<std::string, std::set<std::string>> dateColumns_;
   sqlite3_stmt* lastInsert_ = nullptr;  // valid within one Insert call
   const std::set<std::string>* lastDates_ = nullptr;
