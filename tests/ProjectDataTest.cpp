@@ -2,7 +2,10 @@
 // factory's depth unit.
 #include <filesystem>
 #include <fstream>
+#include <set>
 #include <tuple>
+
+#include <unistd.h>
 
 #include "TestSupport.h"
 #include "dbaccess/DbManage.h"
@@ -15,6 +18,15 @@ namespace fs = std::filesystem;
 
 class ProjectDataTest : public ObjectTest<IBasicProjectData, "IBasicProjectData"> {
  protected:
+  // Every path below `root` (empty when `root` is not a directory).
+  static std::set<fs::path> Listing(const fs::path& root) {
+    std::set<fs::path> paths;
+    std::error_code ec;
+    for (fs::recursive_directory_iterator it(root, ec), end; !ec && it != end; it.increment(ec))
+      paths.insert(it->path());
+    return paths;
+  }
+
   ProjectRecord Sample(const std::string& name) {
     ProjectRecord r;
     r.ProjectName = name;
@@ -185,6 +197,39 @@ TEST_F(ProjectDataTest, CreateProjectCopiesTheTemplateOnce) {
   other->SetConnection(("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + file.string()).c_str());
   EXPECT_TRUE(other->SaveProject(Sample("Field")));
   EXPECT_TRUE(other->IsProjectExist("Field"));
+}
+
+// Whatever makes a creation fail, the parent holds afterwards what it held
+// before: no project directory the call made, no partial file.
+TEST_F(ProjectDataTest, FailedCreateProjectLeavesNothingBehind) {
+  if (!jet()) GTEST_SKIP() << "project files are local";
+  const std::string templates = TemplateFile().parent_path().string();
+  const fs::path parent = dir_ / "parent";
+  fs::create_directories(parent / "Kept");
+  std::ofstream(parent / "afile") << "x";
+  const fs::path readOnly = parent / "locked";
+  fs::create_directory(readOnly);
+  fs::permissions(readOnly, fs::perms::owner_read | fs::perms::owner_exec);
+  struct Case {
+    const char* what;
+    fs::path parent;
+    std::string templates;
+  };
+  std::vector<Case> cases = {
+      {"template missing", parent, (dir_ / "no-templates").string()},
+      {"template missing, directory already there", parent, (dir_ / "no-templates").string()},
+      {"parent is a file", parent / "afile", templates},
+  };
+  // The superuser writes into read-only directories.
+  if (geteuid() != 0) cases.push_back({"read-only parent", readOnly, templates});
+  const char* names[] = {"New", "Kept", "New", "New"};
+  for (std::size_t i = 0; i < cases.size(); ++i) {
+    const auto before = Listing(cases[i].parent);
+    EXPECT_FALSE(object_->CreateProject(names[i], cases[i].parent.string().c_str(), cases[i].templates.c_str()))
+        << cases[i].what;
+    EXPECT_EQ(Listing(cases[i].parent), before) << cases[i].what;
+  }
+  fs::permissions(readOnly, fs::perms::owner_all);
 }
 
 TEST_F(ProjectDataTest, CreateProjectDatabaseOnAnEngineWithoutServerCatalogueFails) {

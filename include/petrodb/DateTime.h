@@ -2,7 +2,9 @@
 // Calendar date and time of day, to the second, in local time.
 #include <string>
 
-struct DateTime {
+#include "petrodb/Export.h"
+
+struct PETRODB_API DateTime {
   int year = 1899, month = 12, day = 30, hour = 0, minute = 0, second = 0;
 
   static DateTime Now();

@@ -6,7 +6,7 @@
 
 #include "petrodb/IDataBase.h"
 
-class IBasicDataOper : public IDataBase {
+class PETRODB_API IBasicDataOper : public IDataBase {
  public:
   // Cell j of each row belongs to columnNames[j] with type columnTypes[j]. A
   // type text containing "double" stores the cell's leading number (atof), one

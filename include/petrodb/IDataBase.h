@@ -1,9 +1,10 @@
 #pragma once
 // Root of every data object a factory hands out.
+#include "petrodb/Export.h"
 
 struct DataClassRecord;
 
-class IDataBase {
+class PETRODB_API IDataBase {
  public:
   // Data objects are owned by the caller and destroyed through this destructor.
   virtual ~IDataBase() = default;

@@ -10,7 +10,7 @@ struct VersionRecord {
   std::string ImageType;
 };
 
-class IDataBaseVersion : public IDataBase {
+class PETRODB_API IDataBaseVersion : public IDataBase {
  public:
   // Appends every row; false for an empty table or an unreadable row (the rows
   // before it stay appended).

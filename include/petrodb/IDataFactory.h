@@ -2,7 +2,7 @@
 // The module's entry point: a factory of data objects named by interface.
 #include "petrodb/IDataBase.h"
 
-class IDataFactory {
+class PETRODB_API IDataFactory {
  public:
   virtual ~IDataFactory() = default;
   // Creates a new, unconnected data object for an interface name such as
@@ -24,7 +24,7 @@ class IDataFactory {
 
 extern "C" {
 // Returns a new factory owned by the caller, or null.
-IDataFactory* CreateDataFactoryObject();
+PETRODB_API IDataFactory* CreateDataFactoryObject();
 // Destroys a factory; null is ignored.
-void DeleteDataFactory(IDataFactory* factory);
+PETRODB_API void DeleteDataFactory(IDataFactory* factory);
 }

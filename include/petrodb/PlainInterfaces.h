@@ -4,7 +4,7 @@
 #include "petrodb/IDataBase.h"
 
 #define PETRODB_PLAIN_INTERFACE(Name) \
-  class Name : public IDataBase {}
+  class PETRODB_API Name : public IDataBase {}
 
 PETRODB_PLAIN_INTERFACE(ICSData);                     // coordinate-system records
 PETRODB_PLAIN_INTERFACE(IColorNumStandard);           // colour standards

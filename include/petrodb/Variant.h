@@ -5,7 +5,9 @@
 #include <memory>
 #include <vector>
 
-class Variant {
+#include "petrodb/Export.h"
+
+class PETRODB_API Variant {
  public:
   Variant() = default;  // null
   explicit Variant(std::vector<double> values);
@@ -23,7 +25,7 @@ class Variant {
 
 // Copies `count` doubles into `out` (an array variant; count 0 gives an empty,
 // non-null array). A null `values` with a non-zero count gives a null variant.
-void DoubleArrayToVariant(const double* values, int count, Variant& out);
+PETRODB_API void DoubleArrayToVariant(const double* values, int count, Variant& out);
 // Copies the variant's doubles into `out`; false (and `out` emptied) for null.
-bool VariantToDoubleArray(const Variant& in, std::vector<double>& out);
-void VariantClear(Variant& value);
+PETRODB_API bool VariantToDoubleArray(const Variant& in, std::vector<double>& out);
+PETRODB_API void VariantClear(Variant& value);

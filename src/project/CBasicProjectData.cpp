@@ -139,9 +139,14 @@ class CBasicProjectData final : public ProjectDataObject<IBasicProjectData> {
       AfxMessageBox("该工区已经存在，请重新操作！");
       return false;
     }
+    // A failed creation leaves nothing behind: neither a partly copied file nor
+    // a project directory this call made.
+    const bool directoryExisted = fs::is_directory(file.parent_path(), ec);
     if (!CreateProjectDirectory(name, parentDirectory)) return false;
     const fs::path source = fs::path(Text(templateDirectory)) / "Projects.mdb";
     if (!fs::copy_file(source, file, fs::copy_options::none, ec)) {
+      fs::remove(file, ec);
+      if (!directoryExisted) fs::remove(file.parent_path(), ec);
       AfxMessageBox("创建工区失败!\n因为无法拷贝缺省数据库。");
       return false;
     }

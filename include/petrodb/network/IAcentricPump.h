@@ -14,7 +14,7 @@ struct AcentricPumpRecord {
   std::string Memo;
 };
 
-class IAcentricPump : public IDataBase {
+class PETRODB_API IAcentricPump : public IDataBase {
  public:
   // The model's row. False when there is none or a field cannot be read (the
   // fields read before it are set).

@@ -13,7 +13,7 @@ struct AcentricPumpParamRecord {
   double Eff = 0;  // efficiency
 };
 
-class IAcentricPumpParam : public IDataBase {
+class PETRODB_API IAcentricPumpParam : public IDataBase {
  public:
   // The model's points, the list emptied first. False when there is none, or at
   // the first row that cannot be read (the rows before it stay).

@@ -18,7 +18,7 @@ struct CurveRecord {
 // Several curves, by identifier.
 using CurveMap = std::map<std::string, CurveRecord>;
 
-class IEpaCurve : public IDataBase {
+class PETRODB_API IEpaCurve : public IDataBase {
  public:
   // Identifiers of a device's curves, ordered. Lists and maps are emptied first;
   // false when nothing is found.

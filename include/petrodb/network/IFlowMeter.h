@@ -17,7 +17,7 @@ struct FlowMeterRecord {
   std::string Memo;
 };
 
-class IFlowMeter : public IDataBase {
+class PETRODB_API IFlowMeter : public IDataBase {
  public:
   // The row of a model. False when there is none or a field cannot be read (the
   // fields read before it are set).

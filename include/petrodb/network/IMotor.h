@@ -19,7 +19,7 @@ struct MotorRecord {
   std::string Memo;
 };
 
-class IMotor : public IDataBase {
+class PETRODB_API IMotor : public IDataBase {
  public:
   // The model's row. False when there is none or a field cannot be read (the
   // fields read before it are set).

@@ -24,7 +24,7 @@ struct NodeRecord {
   std::string BoundaryCondition;
 };
 
-class INode : public IDataBase {
+class PETRODB_API INode : public IDataBase {
  public:
   // The node of a network. False when there is none or a field cannot be read
   // (the fields read before it are set).

@@ -28,7 +28,7 @@ struct OptPumpRecord {
   double PumpDh = 0;
 };
 
-class IOptPump : public IDataBase {
+class PETRODB_API IOptPump : public IDataBase {
  public:
   // False when there is none or a field cannot be read (those before it are set).
   virtual bool LoadPumpResult(const char* caseName, const char* station, const char* pump,

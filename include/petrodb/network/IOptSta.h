@@ -30,7 +30,7 @@ struct OptStaRecord {
   double StaPower = 0;
 };
 
-class IOptSta : public IDataBase {
+class PETRODB_API IOptSta : public IDataBase {
  public:
   // False when there is none or a field cannot be read (those before it are set).
   virtual bool LoadStationResult(const char* caseName, const char* station, OptStaRecord& record) = 0;

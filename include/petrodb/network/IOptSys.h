@@ -19,7 +19,7 @@ struct OptSysRecord {
   int OpenedPumps = 0;
 };
 
-class IOptSys : public IDataBase {
+class PETRODB_API IOptSys : public IDataBase {
  public:
   // False when the case has none or a field cannot be read (those before it are set).
   virtual bool LoadOptSys(const char* caseName, OptSysRecord& record) = 0;

@@ -28,7 +28,7 @@ struct PipeRecord {
   int Status = 1;
 };
 
-class IPipe : public IDataBase {
+class PETRODB_API IPipe : public IDataBase {
  public:
   // One pipe. False when there is none or a field cannot be read (the fields
   // read before it are set).

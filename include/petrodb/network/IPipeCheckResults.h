@@ -29,7 +29,7 @@ struct PipeCheckRecord {
   double Corrosion_thick = 0;
 };
 
-class IPipeCheckResults : public IDataBase {
+class PETRODB_API IPipeCheckResults : public IDataBase {
  public:
   // False when there is none or a field cannot be read (those before it are set).
   virtual bool LoadPipeCheckResult(const char* caseName, const char* pipe, PipeCheckRecord& record) = 0;

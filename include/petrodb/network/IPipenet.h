@@ -26,7 +26,7 @@ struct PipenetRecord {
   std::string PipenetType;
 };
 
-class IPipenet : public IDataBase {
+class PETRODB_API IPipenet : public IDataBase {
  public:
   // The header of one network. False when there is no such network or one of its
   // fields up to StationbreachNum cannot be read (fields read before it are set);

@@ -17,7 +17,7 @@ struct PressureGageRecord {
   std::string Memo;
 };
 
-class IPressureGage : public IDataBase {
+class PETRODB_API IPressureGage : public IDataBase {
  public:
   // The row of a model. False when there is none or a field cannot be read (the
   // fields read before it are set).

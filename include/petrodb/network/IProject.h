@@ -16,7 +16,7 @@ struct CaseRecord {
   std::string TestDate;  // as text, stored as given
 };
 
-class IProject : public IDataBase {
+class PETRODB_API IProject : public IDataBase {
  public:
   // The case of that name. False when there is none or a field cannot be read
   // (the fields read before it are set).

@@ -17,7 +17,7 @@ struct PumpRecord {
   int Levels = 0;        // stages
 };
 
-class IPump : public IDataBase {
+class PETRODB_API IPump : public IDataBase {
  public:
   // The model's row. False when there is none or a field cannot be read (the
   // fields read before it are set).

@@ -15,7 +15,7 @@ struct PumpInputPowerRecord {
 
 // An empty case shows "工况名称不能为空", an empty case or pump where both are
 // needed "工况名称或泵ID不能为空"; either answers false before any database access.
-class IPumpInputPower : public IDataBase {
+class PETRODB_API IPumpInputPower : public IDataBase {
  public:
   // The case's pumps ordered by pump. The list is emptied first; false when
   // there is none, or at the first row that cannot be read (the rows before it stay).

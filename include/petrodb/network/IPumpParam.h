@@ -13,7 +13,7 @@ struct PumpParamRecord {
   double RatedQ = 0;  // rated flow
 };
 
-class IPumpParam : public IDataBase {
+class PETRODB_API IPumpParam : public IDataBase {
  public:
   // The model's points in table order, the list emptied first. False when there
   // is none, or at the first row that cannot be read (the rows before it stay).

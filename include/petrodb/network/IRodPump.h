@@ -17,7 +17,7 @@ struct RodPumpRecord {
   double Conversion = 0;
 };
 
-class IRodPump : public IDataBase {
+class PETRODB_API IRodPump : public IDataBase {
  public:
   // The model's row. False when there is none or a field cannot be read (the
   // fields read before it are set).

@@ -13,7 +13,7 @@ struct RodPumpParamRecord {
   double RatedQ = 0;  // rated flow
 };
 
-class IRodPumpParam : public IDataBase {
+class PETRODB_API IRodPumpParam : public IDataBase {
  public:
   // The model's points, the list emptied first. False when there is none, or at
   // the first row that cannot be read (the rows before it stay).

@@ -31,7 +31,7 @@ struct RodStructRecord {
 
 // Every list below is emptied first and is false when nothing is found, or at
 // the first row that cannot be read (the rows before it stay).
-class IRodStruct : public IDataBase {
+class PETRODB_API IRodStruct : public IDataBase {
  public:
   // The row of a well's horizon. False when there is none or a field cannot be
   // read (the fields read before it are set).

@@ -20,7 +20,7 @@ struct SimuEffRecord {
   double WellDayKw = 0;
 };
 
-class ISimuEff : public IDataBase {
+class PETRODB_API ISimuEff : public IDataBase {
  public:
   // False when the case has none or a field cannot be read (those before it are set).
   virtual bool LoadSimuEff(const char* caseName, SimuEffRecord& record) = 0;

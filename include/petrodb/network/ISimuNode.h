@@ -37,7 +37,7 @@ struct SimuNodeRecord {
   std::string TypeName;  // "注水站", ... as the node types; empty for other numbers
 };
 
-class ISimuNode : public IDataBase {
+class PETRODB_API ISimuNode : public IDataBase {
  public:
   // The result of one node of the case. False when there is none or a field
   // cannot be read (the fields read before it are set).

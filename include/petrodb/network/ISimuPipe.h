@@ -21,7 +21,7 @@ struct SimuPipeRecord {
   std::string TypeName;  // "出站干线", ... as the pipe types; empty for other numbers
 };
 
-class ISimuPipe : public IDataBase {
+class PETRODB_API ISimuPipe : public IDataBase {
  public:
   // The result of one pipe of the case. False when there is none or a field
   // cannot be read (the fields read before it are set).

@@ -16,7 +16,7 @@ struct SimuStaRecord {
   double SumEff = 0;
 };
 
-class ISimuSta : public IDataBase {
+class PETRODB_API ISimuSta : public IDataBase {
  public:
   // False when there is none or a field cannot be read (those before it are set).
   virtual bool LoadStationResult(const char* caseName, const char* station, SimuStaRecord& record) = 0;

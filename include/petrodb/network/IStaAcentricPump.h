@@ -22,7 +22,7 @@ struct StaAcentricPumpRecord {
   std::string Memo;
 };
 
-class IStaAcentricPump : public IDataBase {
+class PETRODB_API IStaAcentricPump : public IDataBase {
  public:
   // The station's pumps ordered by code, then model. The list is emptied first;
   // false when there is none, or at the first row that cannot be read (the rows

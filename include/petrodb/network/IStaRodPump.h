@@ -20,7 +20,7 @@ struct StaRodPumpRecord {
   std::string Memo;
 };
 
-class IStaRodPump : public IDataBase {
+class PETRODB_API IStaRodPump : public IDataBase {
  public:
   // The station's pumps ordered by code, then model. The list is emptied first;
   // false when there is none, or at the first row that cannot be read (the rows

@@ -16,7 +16,7 @@ struct TeeRecord {
   std::string Memo;
 };
 
-class ITee : public IDataBase {
+class PETRODB_API ITee : public IDataBase {
  public:
   // The row of a model. False when there is none or a field cannot be read (the
   // fields read before it are set).

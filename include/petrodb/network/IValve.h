@@ -16,7 +16,7 @@ struct ValveRecord {
   std::string Memo;
 };
 
-class IValve : public IDataBase {
+class PETRODB_API IValve : public IDataBase {
  public:
   // The row of a model. False when there is none or a field cannot be read (the
   // fields read before it are set). The diameter is read from the column VDiar,

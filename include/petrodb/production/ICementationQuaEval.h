@@ -31,7 +31,7 @@ struct CementationQuaEvalRecord {
   bool operator==(const CementationQuaEvalRecord&) const = default;
 };
 
-class ICementationQuaEval : public IDataBase {
+class PETRODB_API ICementationQuaEval : public IDataBase {
  public:
   virtual bool LoadCementationQuaEval(const char* wellID, const char* tableDate, const char* testWellSection,
                                       CementationQuaEvalRecord& header) = 0;

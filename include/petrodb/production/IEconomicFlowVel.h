@@ -21,7 +21,7 @@ struct EconomicFlowVelRecord {
   double HighV = 0;
 };
 
-class IEconomicFlowVel : public IDataBase {
+class PETRODB_API IEconomicFlowVel : public IDataBase {
  public:
   // Every row ordered by diameter. False when there is none, or at the first
   // row that cannot be read (the rows before it stay).

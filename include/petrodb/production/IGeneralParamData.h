@@ -18,7 +18,7 @@ struct GeneralParamRecord {
   std::string ParamValue;
 };
 
-class IGeneralParamData : public IDataBase {
+class PETRODB_API IGeneralParamData : public IDataBase {
  public:
   // Every parameter, in the table's order. False when there is none, or at the
   // first row that cannot be read (the rows before it stay).

@@ -14,7 +14,7 @@ struct InjIndexRecord {
   double Intercept = 0;
 };
 
-class IInjIndex : public IDataBase {
+class PETRODB_API IInjIndex : public IDataBase {
  public:
   // The row of a well. False when there is none or a field cannot be read (the
   // fields read before it are set).

@@ -31,7 +31,7 @@ struct MarkerTestRecord {
   bool operator==(const MarkerTestRecord&) const = default;
 };
 
-class IMarkerTest : public IDataBase {
+class PETRODB_API IMarkerTest : public IDataBase {
  public:
   virtual bool LoadMarkerTest(const char* wellID, const char* testNumber, const char* tableDate,
                               MarkerTestRecord& header) = 0;

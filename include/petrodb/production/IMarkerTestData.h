@@ -25,7 +25,7 @@ struct MarkerTestRow {
   bool operator==(const MarkerTestRow&) const = default;
 };
 
-class IMarkerTestData : public IDataBase {
+class PETRODB_API IMarkerTestData : public IDataBase {
  public:
   // The report's rows of one testing programme.
   virtual bool LoadMarkerTestRows(int testID, const char* testingProgram, std::vector<MarkerTestRow>& rows) = 0;

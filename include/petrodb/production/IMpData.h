@@ -26,7 +26,7 @@ struct MpDataRecord {
   double Djsrgl = 0;   // motor input power
 };
 
-class IMpData : public IDataBase {
+class PETRODB_API IMpData : public IDataBase {
  public:
   // The pump's test of the date; false when there is none or a field cannot be read.
   virtual bool LoadMpData(const char* sta, const char* pump, const char* date, MpDataRecord& record) = 0;

@@ -36,7 +36,7 @@ struct MpTestViewRecord {
   double RodDia = 0;
 };
 
-class IMpTest : public IDataBase {
+class PETRODB_API IMpTest : public IDataBase {
  public:
   // The pump's reading of the date; false when there is none or a field cannot be read.
   virtual bool LoadMpTest(const char* sta, const char* pump, const char* date, MpTestRecord& record) = 0;

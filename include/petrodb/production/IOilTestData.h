@@ -46,7 +46,7 @@ struct WellOilTest {
   std::vector<OilTestRecord> records;
 };
 
-class IOilTestData : public IDataBase {
+class PETRODB_API IOilTestData : public IDataBase {
  public:
   // The project's wells with at least one test, ordered by name. Emptied
   // first; false when there is none or a name cannot be read.

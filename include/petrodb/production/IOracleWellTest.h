@@ -21,7 +21,7 @@ struct OracleWellTestRecord {
   double TY = 0;     // casing pressure
 };
 
-class IOracleWellTest : public IDataBase {
+class PETRODB_API IOracleWellTest : public IDataBase {
  public:
   virtual bool ListPlants(std::vector<std::string>& plants) = 0;
   virtual bool ListUnits(const char* plant, std::vector<std::string>& units) = 0;

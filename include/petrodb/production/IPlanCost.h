@@ -15,7 +15,7 @@ struct PlanCostRecord {
   double cost_value = 0;
 };
 
-class IPlanCost : public IDataBase {
+class PETRODB_API IPlanCost : public IDataBase {
  public:
   // Every cost item of the network, ordered by plan and cost name. False when
   // there is none, or at the first row that cannot be read (the rows before it stay).

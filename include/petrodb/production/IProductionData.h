@@ -36,7 +36,7 @@ struct WellProduction {
   std::vector<ProductionRecord> records;
 };
 
-class IProductionData : public IDataBase {
+class PETRODB_API IProductionData : public IDataBase {
  public:
   // The project's wells with at least one row of the block, ordered by name.
   // Emptied first; false when there is none or a name cannot be read.

@@ -25,7 +25,7 @@ struct QuaEvalRow {
   bool operator==(const QuaEvalRow&) const = default;
 };
 
-class IQuaEvalData : public IDataBase {
+class PETRODB_API IQuaEvalData : public IDataBase {
  public:
   // Every row of the report (rows whose header is gone included).
   virtual bool LoadQuaEvalRows(int evaluationID, std::vector<QuaEvalRow>& rows) = 0;

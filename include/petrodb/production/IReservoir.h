@@ -42,7 +42,7 @@ struct ReservoirRecord {
   double Rock_comp_coef = 0;
 };
 
-class IReservoir : public IDataBase {
+class PETRODB_API IReservoir : public IDataBase {
  public:
   // The row of a reservoir. False when there is none or a field cannot be read
   // (the fields read before it are set).

@@ -24,7 +24,7 @@ struct SampleAnalysisRecord {
   bool operator==(const SampleAnalysisRecord&) const = default;
 };
 
-class ISampleAnalysis : public IDataBase {
+class PETRODB_API ISampleAnalysis : public IDataBase {
  public:
   // The header with the natural key. False when there is none or a column
   // cannot be read (the fields read before it are set).

@@ -46,7 +46,7 @@ struct SampleAnalysisRow {
   bool operator==(const SampleAnalysisRow&) const = default;
 };
 
-class ISampleAnalysisData : public IDataBase {
+class PETRODB_API ISampleAnalysisData : public IDataBase {
  public:
   // The rows of one report and sample number, emptied first. False when there
   // is none, or at the first row that cannot be read (the rows before it stay).

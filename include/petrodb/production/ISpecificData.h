@@ -11,7 +11,7 @@ struct SpecificValue {
   std::string Value;  // the column's value as text
 };
 
-class ISpecificData : public IDataBase {
+class PETRODB_API ISpecificData : public IDataBase {
  public:
   // Runs "select WellID, <column> from <table> where <keyColumn>=<keyValue>",
   // every argument inserted unchanged: a text key must carry its own quotes

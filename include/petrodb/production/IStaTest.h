@@ -18,7 +18,7 @@ struct StaTestRecord {
   double Xnsl = 0;
 };
 
-class IStaTest : public IDataBase {
+class PETRODB_API IStaTest : public IDataBase {
  public:
   virtual bool LoadStaTest(const char* sta, const char* date, StaTestRecord& record) = 0;
   virtual bool LoadStaTestsLikeBetween(const char* prefix, const char* date1, const char* date2,

@@ -28,7 +28,7 @@ struct StressTestSamplingRecord {
   bool operator==(const StressTestSamplingRecord&) const = default;
 };
 
-class IStressTestSampling : public IDataBase {
+class PETRODB_API IStressTestSampling : public IDataBase {
  public:
   virtual bool LoadStressTestSampling(const char* wellID, const char* testTime, const char* tableDate,
                                       StressTestSamplingRecord& header) = 0;

@@ -28,7 +28,7 @@ struct StressTestSamplingRow {
   bool operator==(const StressTestSamplingRow&) const = default;
 };
 
-class IStressTestSamplingData : public IDataBase {
+class PETRODB_API IStressTestSamplingData : public IDataBase {
  public:
   // The report's rows at a measured depth.
   virtual bool LoadStressTestSamplingRows(int samplingID, double md, std::vector<StressTestSamplingRow>& rows) = 0;

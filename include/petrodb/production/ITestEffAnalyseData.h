@@ -45,7 +45,7 @@ struct TestEffAnalyseRecord {
   EffAnalyseValues values;
 };
 
-class ITestEffAnalyseData : public IDataBase {
+class PETRODB_API ITestEffAnalyseData : public IDataBase {
  public:
   // The station's analysis of the date. False when there is none or a field
   // cannot be read (the fields read before it are set).

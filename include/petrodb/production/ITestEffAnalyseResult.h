@@ -17,7 +17,7 @@ struct TestEffAnalyseResultRecord {
   EffAnalyseValues values;
 };
 
-class ITestEffAnalyseResult : public IDataBase {
+class PETRODB_API ITestEffAnalyseResult : public IDataBase {
  public:
   // The station's analysis of the date. False when there is none or a field
   // cannot be read (the fields read before it are set).

@@ -23,7 +23,7 @@ struct WellTestRecord {
   double Xjsl = 0;
 };
 
-class IWellTest : public IDataBase {
+class PETRODB_API IWellTest : public IDataBase {
  public:
   // The well's reading of the date; false when there is none or a field cannot be read.
   virtual bool LoadWellTest(const char* jh, const char* date, WellTestRecord& record) = 0;

@@ -18,7 +18,7 @@ struct AOIRecord {
   double Ymax = 0.0;
 };
 
-class IAOIData : public IDataBase {
+class PETRODB_API IAOIData : public IDataBase {
  public:
   virtual bool LoadAOI(const char* projectName, const char* aoiName, AOIRecord& record) = 0;
   // The names of the AOIs of every project (projectName is not used).

@@ -48,7 +48,7 @@ struct ProjectRecord {
   std::string ProjectRemark;
 };
 
-class IBasicProjectData : public IDataBase {
+class PETRODB_API IBasicProjectData : public IDataBase {
  public:
   // Names of all projects; true when there is at least one.
   virtual bool GetProjectNames(std::vector<std::string>& names) = 0;

@@ -27,7 +27,7 @@ struct WellRecord {
   std::string Remark;
 };
 
-class IBasicWellData : public IDataBase {
+class PETRODB_API IBasicWellData : public IDataBase {
  public:
   // ---- convenience forms: each forwards to a full operation below ----
 

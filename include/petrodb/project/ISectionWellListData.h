@@ -11,7 +11,7 @@ struct SectionWellListRecord {
   std::string Section_WellList;  // stored as given
 };
 
-class ISectionWellListData : public IDataBase {
+class PETRODB_API ISectionWellListData : public IDataBase {
  public:
   virtual bool GetSectionNames(std::vector<std::string>& names) = 0;
   virtual bool LoadSectionWellList(const char* name, SectionWellListRecord& record) = 0;

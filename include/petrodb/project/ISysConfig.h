@@ -13,7 +13,7 @@ struct SysConfigRecord {
   char Isactive = '1';
 };
 
-class ISysConfig : public IDataBase {
+class PETRODB_API ISysConfig : public IDataBase {
  public:
   // False when the row is missing or a column (Isactive included) is unreadable.
   virtual bool LoadSysConfig(const char* paramCode, SysConfigRecord& record) = 0;

@@ -17,7 +17,7 @@ struct UnitRecord {
   std::string Memo;
 };
 
-class IUnitCode : public IDataBase {
+class PETRODB_API IUnitCode : public IDataBase {
  public:
   // Replaces names with the names of the units under the prefix (children of
   // the named parent when parentName is not empty), by name. False when none.

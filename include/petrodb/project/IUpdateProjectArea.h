@@ -3,7 +3,7 @@
 #include "petrodb/IDataBase.h"
 #include "petrodb/project/IBasicProjectData.h"
 
-class IUpdateProjectArea : public IDataBase {
+class PETRODB_API IUpdateProjectArea : public IDataBase {
  public:
   // Updates the project's "global" row of b_aoi_data in place: X from EWmin /
   // EWmax, Y from SNmin / SNmax. True when the statement ran (also when the

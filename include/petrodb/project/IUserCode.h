@@ -18,7 +18,7 @@ struct UserRecord {
   std::string UnitCode;  // the user's unit in b_unit_code
 };
 
-class IUserCode : public IDataBase {
+class PETRODB_API IUserCode : public IDataBase {
  public:
   virtual bool LoadUser(const char* logname, UserRecord& record) = 0;
   virtual bool IsUserExist(const char* logname) = 0;

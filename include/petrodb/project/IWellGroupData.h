@@ -20,7 +20,7 @@ struct WellGroupRecord {
   std::string WellNamePolicy;
 };
 
-class IWellGroupData : public IDataBase {
+class PETRODB_API IWellGroupData : public IDataBase {
  public:
   // Number of groups of the project (GetGroupIDs); 0 also on failure.
   virtual int GetGroupCount(const char* project) = 0;

@@ -15,7 +15,7 @@ struct WellListRecord {
   std::vector<WellListItem> Wells;
 };
 
-class IWellListData : public IDataBase {
+class PETRODB_API IWellListData : public IDataBase {
  public:
   // Each list name once, by name.
   virtual bool GetWellListNames(std::vector<std::string>& names) = 0;

@@ -14,7 +14,7 @@ struct ShockBodyPoint {
   bool operator==(const ShockBodyPoint&) const = default;
 };
 
-class IEarthShockBodyData : public IDataBase {
+class PETRODB_API IEarthShockBodyData : public IDataBase {
  public:
   // Every point (cleared first); false when there is none or a row cannot be read.
   virtual bool LoadShockBody(std::vector<ShockBodyPoint>& points) = 0;

@@ -32,7 +32,7 @@ struct FaultPlaneStyle {
   bool operator==(const FaultPlaneStyle&) const = default;
 };
 
-class IFaultPlane3DData : public IDataBase {
+class PETRODB_API IFaultPlane3DData : public IDataBase {
  public:
   // False when there is no such row.
   virtual bool LoadFaultPlane(const char* modeling, const char* fault, FaultPlaneStyle& style) = 0;

@@ -20,7 +20,7 @@ struct FaultStickRecord {
 
 // Lists are emptied first; list reads answer true when the query ran and
 // every row could be read.
-class IFaultStickData : public IDataBase {
+class PETRODB_API IFaultStickData : public IDataBase {
  public:
   virtual bool GetFaultStickNames(std::vector<std::string>& names) = 0;
   virtual bool LoadAllFaultSticks(std::vector<FaultStickRecord>& sets) = 0;

@@ -34,7 +34,7 @@ struct Survey2DLines {
   std::vector<Line2DRecord> Lines;
 };
 
-class ILineCoor2DData : public IDataBase {
+class PETRODB_API ILineCoor2DData : public IDataBase {
  public:
   // Distinct names of the survey's lines.
   virtual bool GetLineNames(const char* project, const char* survey, std::vector<std::string>& names) = 0;

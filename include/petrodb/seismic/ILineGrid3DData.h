@@ -45,7 +45,7 @@ struct LineGrid3DSummary {
   bool operator==(const LineGrid3DSummary&) const = default;
 };
 
-class ILineGrid3DData : public IDataBase {
+class PETRODB_API ILineGrid3DData : public IDataBase {
  public:
   virtual bool GetGridNames(const char* project, std::vector<std::string>& names) = 0;
   // The grid's files ordered by first inline, appended to `files`; `summary`

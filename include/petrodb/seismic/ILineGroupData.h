@@ -17,7 +17,7 @@ struct LineGroupRecord {
 
 // Reads append to the caller's lists and answer true when the query ran and
 // every row could be read.
-class ILineGroupData : public IDataBase {
+class PETRODB_API ILineGroupData : public IDataBase {
  public:
   virtual bool GetCurveNames(const char* well, std::vector<std::string>& curves) = 0;
   virtual bool GetLineGroupNames(const char* well, const char* curve, std::vector<std::string>& groups) = 0;

@@ -18,7 +18,7 @@ struct ProfileLineRecord {
 
 // Reads append to the caller's lists and answer true when the query ran and
 // every row could be read.
-class IProfileLineData : public IDataBase {
+class PETRODB_API IProfileLineData : public IDataBase {
  public:
   virtual bool GetProfileNames(int type, std::vector<std::string>& names) = 0;
   // False when the profile is not found; the points and wells are appended.

@@ -38,7 +38,7 @@ struct HFItemGrid {
 
 // Lists are emptied first; list reads answer true when the query ran and
 // every row could be read.
-class ISeisHFItem : public IDataBase {
+class PETRODB_API ISeisHFItem : public IDataBase {
  public:
   virtual bool GetHFSurveyNames(const char* project, bool kind, std::vector<std::string>& names) = 0;
   // Its statement holds a stray quote after the kind: no engine runs it, so it

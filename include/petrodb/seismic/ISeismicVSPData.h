@@ -16,7 +16,7 @@ struct WellVspRecord {
   bool operator==(const WellVspRecord&) const = default;
 };
 
-class ISeismicVSPData : public IDataBase {
+class PETRODB_API ISeismicVSPData : public IDataBase {
  public:
   // The project's wells that have runs. Its statement lacks the closing
   // parenthesis of its subquery, so it never runs: false, `wellIds` empty.

@@ -30,7 +30,7 @@ struct ShotRecord {
 
 // An empty well ID shows "井名称不能为空！" and answers false before any database
 // access; a missing table makes saves and deletes answer false silently.
-class IShotData : public IDataBase {
+class PETRODB_API IShotData : public IDataBase {
  public:
   // The project's wells that have shots, by ID (cleared first); false when none.
   virtual bool GetShotWells(const char* project, std::vector<std::string>& wellIDs) = 0;

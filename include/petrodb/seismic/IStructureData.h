@@ -19,7 +19,7 @@ struct StructureRecord {
 
 // Lists are emptied first; list reads answer true when the query ran and
 // every row could be read.
-class IStructureData : public IDataBase {
+class PETRODB_API IStructureData : public IDataBase {
  public:
   virtual bool GetMarkerNames(const char* project, std::vector<std::string>& names) = 0;
   // False when there is no such map.

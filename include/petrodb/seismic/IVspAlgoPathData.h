@@ -19,7 +19,7 @@ struct VspAlgoPathRecord {
 // Lists and loads clear their output first and answer true when a row was
 // found and every row read. Saves append; a missing table makes saves and
 // deletes answer false silently.
-class IVspAlgoPathData : public IDataBase {
+class PETRODB_API IVspAlgoPathData : public IDataBase {
  public:
   // The type's paths by sort order (a path stored with two sort orders is listed twice).
   virtual bool GetAlgoPaths(const char* projType, std::vector<std::string>& paths) = 0;

@@ -19,7 +19,7 @@ struct VspGeneralRecord {
 // Lists and loads clear their output first and answer true when a row was
 // found and every row read. Saves append (nothing is deleted first); a missing
 // table makes saves and deletes answer false silently.
-class IVspGeneralData : public IDataBase {
+class PETRODB_API IVspGeneralData : public IDataBase {
  public:
   virtual bool GetGeneralNames(int projectID, int type, std::vector<std::string>& names) = 0;
   // Name → array (a name stored twice keeps the last row's array).
@@ -38,7 +38,7 @@ class IVspGeneralData : public IDataBase {
 // a general object on the same connection and forwards with the code. Saves
 // write the code whatever the records hold, and check names with the front's
 // own message.
-class IVspCodedGeneralData : public IDataBase {
+class PETRODB_API IVspCodedGeneralData : public IDataBase {
  public:
   virtual bool GetGeneralNames(int projectID, std::vector<std::string>& names) = 0;
   virtual bool LoadGeneralSets(int projectID, std::map<std::string, std::vector<double>>& sets) = 0;

@@ -21,7 +21,7 @@ struct VspHodographRecord {
 // the object's line-data type whatever the records hold. An empty name (saves,
 // DeleteHodograph) shows "初置名称不能为空！" and touches nothing; a missing table
 // makes saves and deletes answer false silently.
-class IVspLineData : public IDataBase {
+class PETRODB_API IVspLineData : public IDataBase {
  public:
   virtual bool GetHodographNames(int projectID, std::vector<std::string>& names) = 0;
   // Hg_name, Hg_data and Segy_file of each line, by name.

@@ -30,7 +30,7 @@ struct VspOutputOrder {
 // Lists and loads clear their output first and answer true when a row was
 // found and every row read. Saves append; a missing table makes saves answer
 // false silently. Empty names show their message and touch nothing.
-class IVspParamData : public IDataBase {
+class PETRODB_API IVspParamData : public IDataBase {
  public:
   virtual bool GetOutputFiles(int projectID, std::vector<std::string>& outputs) = 0;
   virtual bool LoadProjectParams(int projectID, std::vector<VspParamRecord>& params) = 0;

@@ -21,7 +21,7 @@ struct VspProjectRecord {
 // Lists and loads clear their output first and answer true when a row was
 // found and read. A missing table makes saves and deletes answer false
 // silently; empty keys show their message and touch nothing.
-class IVspProjectData : public IDataBase {
+class PETRODB_API IVspProjectData : public IDataBase {
  public:
   virtual bool GetVspProjectNames(const char* wellID, std::vector<std::string>& names) = 0;
   // Fills Vsp_ProjName, Description, Create_time, Create_user and Proj_type;

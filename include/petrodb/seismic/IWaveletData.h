@@ -23,7 +23,7 @@ struct WaveletRecord {
 // least one row and could read every row (rows read before a bad one stay).
 // Saves append (nothing is deleted first) and answer false when the table is
 // missing or the rows cannot be written. Deletes answer the statement's result.
-class IWaveletData : public IDataBase {
+class PETRODB_API IWaveletData : public IDataBase {
  public:
   virtual bool GetWaveletNames(int projectID, std::vector<std::string>& names) = 0;
   virtual bool GetSurveyWaveletNames(int projectID, const char* survey, std::vector<std::string>& names) = 0;

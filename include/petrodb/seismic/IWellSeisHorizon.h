@@ -17,7 +17,7 @@ struct WellSeisHorizon {
 
 // Lists and maps are emptied first; reads answer true when the query ran and
 // every row could be read.
-class IWellSeisHorizon : public IDataBase {
+class PETRODB_API IWellSeisHorizon : public IDataBase {
  public:
   // IDs of the project's wells that have horizons, ordered by ID.
   virtual bool GetWellsWithHorizons(const char* project, std::vector<std::string>& wellIDs) = 0;

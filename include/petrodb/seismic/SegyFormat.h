@@ -5,6 +5,8 @@
 #include <map>
 #include <string>
 
+#include "petrodb/Export.h"
+
 // A value's place: its 1-based byte position and its width in bytes. A name
 // looked up that the layout does not hold gets {-1, 4}.
 struct SegyFieldPos {
@@ -13,7 +15,7 @@ struct SegyFieldPos {
   bool operator==(const SegyFieldPos&) const = default;
 };
 
-class SegyFormat {
+class PETRODB_API SegyFormat {
  public:
   // The standard layout: 3200 + 400 header bytes, flag set, and the positions
   // of the sample interval (3217), sample count (3221), data format (3225), line

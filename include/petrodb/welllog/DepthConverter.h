@@ -38,7 +38,7 @@ struct DepthPoint {
   double Y = 0.0;
 };
 
-class IDepthConverter {
+class PETRODB_API IDepthConverter {
  public:
   virtual ~IDepthConverter() = default;
   // Takes the well head and survey; later conversions use them.
@@ -50,7 +50,7 @@ namespace petrodb {
 // A new depth converter, or null when the component is not available (the
 // environment variable PETRODB_NO_DEPTH_CONVERTER is set and not "0", or a host
 // or test switched it off).
-std::unique_ptr<IDepthConverter> GetDepthConverter();
+PETRODB_API std::unique_ptr<IDepthConverter> GetDepthConverter();
 // Switches the component off (false) or back on.
-void SetDepthConverterAvailable(bool available);
+PETRODB_API void SetDepthConverterAvailable(bool available);
 }  // namespace petrodb

@@ -12,7 +12,7 @@ struct ImageAlias {
   std::string ImageName;
 };
 
-class IAliasData : public IDataBase {
+class PETRODB_API IAliasData : public IDataBase {
  public:
   virtual bool LoadImageAliases(std::vector<ImageAlias>& aliases) = 0;
   virtual bool LoadImageAliasesOfFacet(int facet, std::vector<ImageAlias>& aliases) = 0;

@@ -18,7 +18,7 @@ struct CurveTemplate {
   int CoorType = 0;  // scale type
 };
 
-class ICurveDictionary : public IDataBase {
+class PETRODB_API ICurveDictionary : public IDataBase {
  public:
   virtual bool GetCurveNames(std::vector<std::string>& names) = 0;
   virtual bool GetDisplayNames(std::vector<std::string>& names) = 0;

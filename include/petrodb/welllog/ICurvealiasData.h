@@ -10,7 +10,7 @@ struct CurveAliasEntry {
   std::string CurveAlias;
 };
 
-class ICurvealiasData : public IDataBase {
+class PETRODB_API ICurvealiasData : public IDataBase {
  public:
   virtual bool LoadAllAliases(std::vector<CurveAliasEntry>& aliases) = 0;
   virtual bool GetAliasesOfCurve(const char* curveName, std::vector<std::string>& aliases) = 0;

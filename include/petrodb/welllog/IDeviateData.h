@@ -20,7 +20,7 @@ struct DeviationSurvey {
   std::vector<double> Tvdss;        // vertical depth below sea level
 };
 
-class IDeviateData : public IDataBase {
+class PETRODB_API IDeviateData : public IDataBase {
  public:
   // IDs of the project's wells that have a survey, ordered by ID.
   virtual bool GetSurveyedWellIDs(const char* projectName, std::vector<std::string>& wellIDs) = 0;

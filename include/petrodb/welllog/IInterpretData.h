@@ -67,7 +67,7 @@ struct WellInterpretation {
   std::vector<InterpretLayer> Layers;  // ordered by top depth when loaded
 };
 
-class IInterpretData : public IDataBase {
+class PETRODB_API IInterpretData : public IDataBase {
  public:
   virtual bool GetCoredWellIDs(const char* projectName, std::vector<std::string>& wellIDs) = 0;
   virtual bool LoadWellCores(const char* wellID, WellInterpretation& layers) = 0;

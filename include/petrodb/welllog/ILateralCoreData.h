@@ -24,7 +24,7 @@ struct WellSidewallCores {
   std::vector<SidewallCore> Cores;  // ordered by depth when loaded
 };
 
-class ILateralCoreData : public IDataBase {
+class PETRODB_API ILateralCoreData : public IDataBase {
  public:
   virtual bool GetCoredWellIDs(const char* projectName, std::vector<std::string>& wellIDs) = 0;
   virtual bool LoadWellCores(const char* wellID, WellSidewallCores& cores) = 0;

@@ -22,7 +22,7 @@ struct LogCurve {
 // Copying a WellLog re-links the copy's pointers into the copy's list; moving
 // keeps the list's storage, so the pointers stay valid. Appending to Curves
 // may reallocate it: set the links (Link) after the last append.
-struct WellLog {
+struct PETRODB_API WellLog {
   std::string WellID;
   double NullValue = 0.0;  // one value for the whole record
   std::vector<LogCurve> Curves;
@@ -39,7 +39,7 @@ struct WellLog {
   void Link(const std::vector<std::string>& depthNames);
 };
 
-class ILogData : public IDataBase {
+class PETRODB_API ILogData : public IDataBase {
  public:
   // Distinct names of all non-depth curves of the database, in name order.
   virtual bool GetAllCurveNames(std::vector<std::string>& names) = 0;

@@ -34,7 +34,7 @@ struct WellMarkers {
   std::vector<MarkerRecord> Markers;
 };
 
-class IMarkerData : public IDataBase {
+class PETRODB_API IMarkerData : public IDataBase {
  public:
   // IDs of the project's wells with markers, ordered by ID.
   virtual bool GetMarkerWellIDs(const char* projectName, std::vector<std::string>& wellIDs) = 0;

@@ -39,7 +39,7 @@ struct PerforatedSection {
   bool operator==(const PerforatedSection&) const = default;
 };
 
-class IPerforatedSec : public IDataBase {
+class PETRODB_API IPerforatedSec : public IDataBase {
  public:
   // Rows whose well number starts with the prefix (an empty prefix: every row).
   virtual bool FindPerforatedSections(const char* wellNumberPrefix, int ignored1, int ignored2,

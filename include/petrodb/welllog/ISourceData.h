@@ -33,7 +33,7 @@ struct MarkerAttributeValue {
   std::string AttribValue;
 };
 
-class ISourceData : public IDataBase {
+class PETRODB_API ISourceData : public IDataBase {
  public:
   // 2: the distinct sources that have markers of some well.
   virtual bool GetSources(std::vector<std::string>& sources) = 0;

@@ -27,7 +27,7 @@ struct WellCores {
   std::vector<CoreInterval> Cores;  // ordered by top depth when loaded
 };
 
-class ITakeCoreData : public IDataBase {
+class PETRODB_API ITakeCoreData : public IDataBase {
  public:
   // IDs of the project's wells that have cores, ordered by ID.
   virtual bool GetCoredWellIDs(const char* projectName, std::vector<std::string>& wellIDs) = 0;

@@ -28,7 +28,7 @@ struct DrillingTarget {
   bool operator==(const DrillingTarget&) const = default;
 };
 
-class ITargetData : public IDataBase {
+class PETRODB_API ITargetData : public IDataBase {
  public:
   // IDs of the project's wells that have targets, ordered by ID.
   virtual bool GetTargetWellIDs(const char* projectName, std::vector<std::string>& wellIDs) = 0;

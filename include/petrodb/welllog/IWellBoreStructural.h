@@ -16,7 +16,7 @@ struct BoreSection {
   bool operator==(const BoreSection&) const = default;
 };
 
-class IWellBoreStructural : public IDataBase {
+class PETRODB_API IWellBoreStructural : public IDataBase {
  public:
   // The well's sections; each record takes the well ID as given.
   virtual bool LoadWellBoreSections(const char* wellID, std::vector<BoreSection>& sections) = 0;
