@@ -27,6 +27,11 @@ exported=$(nm -D --defined-only -C "$lib/libpetrodb.so")
 grep -q ' CreateDataFactoryObject$' <<<"$exported" || fail "CreateDataFactoryObject is not exported"
 if grep -q 'CDbManage' <<<"$exported"; then fail "internal classes are exported"; fi
 
+# The README shows the example as it is, line for line.
+readme_example=$(awk '/^## Using the library from a host/{in_section=1} in_section && /^```cpp/{copy=1; next}
+                      copy && /^```/{exit} copy' "$source/README.md")
+[ "$readme_example" == "$(cat "$source/examples/host.cpp")" ] || fail "README.md does not show examples/host.cpp as it is"
+
 generator=()
 command -v ninja >/dev/null && generator=(-G Ninja)
 cmake -S "$source/tests/consumer" -B "$work/with-cmake" "${generator[@]}" -DCMAKE_PREFIX_PATH="$prefix" \
