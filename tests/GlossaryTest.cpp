@@ -1,5 +1,4 @@
 // The host's English glosses of the library's messages, and its progress bar.
-// The two host files are compiled in here: they stand alone.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -13,8 +12,8 @@
 #include <sstream>
 #include <thread>
 
-#include "../tools/petrodb/Glossary.cpp"
-#include "../tools/petrodb/Progress.cpp"
+#include "../tools/petrodb/Glossary.h"
+#include "../tools/petrodb/Progress.h"
 
 namespace petrodb::test {
 namespace {
