@@ -4,12 +4,14 @@
 #
 #   bash scripts/fuzz.sh [seconds-per-target] [target...]
 #
-# Targets: LasFuzz (LAS reader, write-then-read round trip), CsvFuzz (CSV
+# Targets: LasFuzz (LAS reader: what it promises of every file it takes, and
+# the write-then-read round trip), CsvFuzz (CSV
 # reader), ConnectionStringFuzz (connection strings and password masking).
 # Default: 30 seconds each, all three. Each target's corpus grows in
 # build-fuzz/corpus/<target> (seeded from fuzz/corpus/); a failing input is
 # saved as build-fuzz/artifacts/<target>/crash-* and the script exits 1.
-# FUZZ_LOCK=<file> runs every build and fuzz step under `flock <file>`.
+# FUZZ_LOCK=<file> runs every build step under `flock <file>` (the fuzzing
+# itself runs outside it: one core per target, one target at a time).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -64,7 +66,7 @@ for target in "${targets[@]}"; do
   artifacts="$build/artifacts/$target"
   mkdir -p "$corpus" "$artifacts"
   echo "== $target: ${seconds}s (corpus $corpus, seeds $seeds)"
-  if ! locked "$build/$target" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=2048 -max_len=65536 \
+  if ! "$build/$target" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=2048 -max_len=65536 \
       -print_final_stats=1 -artifact_prefix="$artifacts/" "$corpus" "$seeds" 2>"$build/$target.log"; then
     status=1
     echo "!! $target failed; the input is in $artifacts/, the log in $build/$target.log"

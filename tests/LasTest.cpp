@@ -1,12 +1,15 @@
 // LAS 2.0: the lenient reader, the strict writer, and the round trip through a well.
 #include <cmath>
 #include <cstring>
+#include <filesystem>
+#include <fstream>
 #include <limits>
 #include <sstream>
 
 #include "TestSupport.h"
 #include "formats/Las.h"
 #include "petrodb/welllog/ILogData.h"
+#include "welllog/LasFileStore.h"
 
 namespace petrodb::test {
 namespace {
@@ -57,9 +60,9 @@ TEST(LasTest, ToleratesOddHeaders) {
   EXPECT_EQ(file.nullValue, -999.25);  // "-999.2500" compared as a number
   EXPECT_EQ(file.WellItem("well")->value, "A-1");
   EXPECT_EQ(file.WellItem("TIME")->value, "10:30");  // the description starts after the last colon
-  // The incomplete last step is dropped; the index keeps a value equal to NULL.
-  EXPECT_EQ(file.curves[0].values, (std::vector<double>{-999.25, 10}));
-  EXPECT_EQ(file.curves[2].values, (std::vector<double>{1, 30}));
+  // A short last line leaves its missing curve NULL; the index keeps a value equal to NULL.
+  EXPECT_EQ(file.curves[0].values, (std::vector<double>{-999.25, 10, 11}));
+  EXPECT_EQ(file.curves[2].values, (std::vector<double>{1, 30, -999.25}));
   EXPECT_EQ(file.warnings.size(), 2u);
 
   las::File bad;
@@ -149,6 +152,10 @@ TEST(LasTest, WriterRefusesWhatItCannotReadBack) {
       {"a blank after a well value", fine, {"WELL", "", "A-1 ", ""}, item, "begins or ends with a blank"},
       {"a dot in a parameter mnemonic", fine, item, {"B.HT", "", "1", ""}, "parameter \"B.HT\": the mnemonic"},
       {"a comment parameter", fine, item, {"#BHT", "", "1", ""}, "begins with '#'"},
+      {"an infinite sample", {"GR", "", "", {1, std::numeric_limits<double>::infinity()}}, item, item,
+       "sample 2 is inf, which a LAS file reads as NULL"},
+      {"a ruler curve", {"---", "", "", {1, 2}}, item, item, "would read as a ruler or title line"},
+      {"a unit that begins with a dot", {"GR", ".5", "", {1, 2}}, item, item, "the unit begins with '.'"},
   };
   for (const auto& c : cases) {
     las::File bad;
@@ -171,7 +178,7 @@ TEST(LasTest, WhatTheWriterAcceptsReadsBackAsItWas) {
   file.nullValue = std::nan("");
   file.hasNull = true;
   file.curves = {{"DEPT", "ft", "#1 depth ~ measured", {-0.0, 1e-310, 5}},
-                 {"A#B", "a:b", "", {std::numeric_limits<double>::infinity(), -1.7976931348623157e308, 0.1}},
+                 {"A#B", "a:b", "", {5e-324, -1.7976931348623157e308, 0.1}},
                  {"T~", "", "伽马 ray", {std::nan(""), 1, 2}}};
   file.well = {{"TIME", "", "10:30", "logging time"}, {"", "", "x : y", ""}, {"UWI", "", "", ""}};
   file.parameters = {{"BHT", "DEGC", "35.5", "bottom hole temperature"}};
@@ -206,6 +213,145 @@ TEST(LasTest, WhatTheWriterAcceptsReadsBackAsItWas) {
   EXPECT_TRUE(std::isnan(back.nullValue));
 }
 
+// The files of tests/las, each beside its expectations (<name>.expect), one
+// line each:
+//   curve <mnemonic> | <unit> | <values, "null" for the file's NULL>
+//   desc <mnemonic> | <description>
+//   item W|P <mnemonic> | <value>
+//   note <text one of the reader's notes holds>
+//   error <text the refusal holds>
+struct Expected {
+  std::string name;
+  las::File file;  // curves, descriptions and items as expected
+  std::vector<std::vector<bool>> nulls;
+  std::vector<std::string> notes;
+  std::string error;
+};
+
+std::string Cut(std::string& rest) {  // the text before the next " | ", trimmed off `rest`
+  const auto bar = rest.find(" | ");
+  std::string head = rest.substr(0, bar);
+  rest = bar == std::string::npos ? "" : rest.substr(bar + 3);
+  return head;
+}
+
+std::vector<Expected> Folder() {
+  std::vector<Expected> all;
+  for (const auto& entry : std::filesystem::directory_iterator(std::filesystem::path(PETRODB_TEST_SOURCE_DIR) / "tests/las")) {
+    if (entry.path().extension() != ".las") continue;
+    Expected e;
+    e.name = entry.path().string();
+    std::ifstream in(std::filesystem::path(entry.path()).replace_extension(".expect"));
+    EXPECT_TRUE(in) << e.name << " has no .expect file";
+    for (std::string line; std::getline(in, line);) {
+      const auto space = line.find(' ');
+      const std::string kind = line.substr(0, space);
+      std::string rest = space == std::string::npos ? "" : line.substr(space + 1);
+      if (kind == "curve") {
+        las::Curve c;
+        c.mnemonic = Cut(rest);
+        c.unit = Cut(rest);
+        std::istringstream words(rest);
+        std::vector<bool> nulls;
+        for (std::string w; words >> w;) {
+          nulls.push_back(w == "null");
+          c.values.push_back(w == "null" ? 0 : std::stod(w));
+        }
+        e.file.curves.push_back(c);
+        e.nulls.push_back(nulls);
+      } else if (kind == "desc") {
+        const std::string name = Cut(rest);
+        for (auto& c : e.file.curves)
+          if (c.mnemonic == name) c.description = rest;
+      } else if (kind == "item") {
+        const bool well = rest[0] == 'W';
+        rest.erase(0, 2);
+        const std::string mnemonic = Cut(rest);
+        (well ? e.file.well : e.file.parameters).push_back({mnemonic, "", rest, ""});
+      } else if (kind == "note") {
+        e.notes.push_back(rest);
+      } else if (kind == "error") {
+        e.error = rest;
+      }
+    }
+    all.push_back(std::move(e));
+  }
+  EXPECT_GE(all.size(), 20u);
+  return all;
+}
+
+const las::Item* FindItem(const std::vector<las::Item>& items, const std::string& mnemonic) {
+  for (const auto& item : items)
+    if (item.mnemonic == mnemonic) return &item;
+  return nullptr;
+}
+
+TEST(LasFolderTest, EachFileReadsAsExpectedOrIsRefusedWithItsReason) {
+  for (const Expected& e : Folder()) {
+    SCOPED_TRACE(e.name);
+    las::File file;
+    std::string error;
+    const bool read = las::ReadFile(e.name, file, error);
+    if (!e.error.empty()) {
+      EXPECT_FALSE(read);
+      EXPECT_NE(error.find(e.error), std::string::npos) << error;
+      continue;
+    }
+    ASSERT_TRUE(read) << error;
+    ASSERT_EQ(file.curves.size(), e.file.curves.size());
+    for (std::size_t c = 0; c < file.curves.size(); ++c) {
+      const auto &got = file.curves[c], &want = e.file.curves[c];
+      EXPECT_EQ(got.mnemonic, want.mnemonic);
+      EXPECT_EQ(got.unit, want.unit) << want.mnemonic;
+      if (!want.description.empty()) EXPECT_EQ(got.description, want.description) << want.mnemonic;
+      ASSERT_EQ(got.values.size(), want.values.size()) << want.mnemonic;
+      for (std::size_t r = 0; r < got.values.size(); ++r) {
+        if (e.nulls[c][r])
+          EXPECT_TRUE(file.IsNull(got.values[r])) << want.mnemonic << " sample " << r << ": " << got.values[r];
+        else
+          EXPECT_EQ(got.values[r], want.values[r]) << want.mnemonic << " sample " << r;
+      }
+    }
+    for (const auto* list : {&e.file.well, &e.file.parameters})
+      for (const auto& item : *list) {
+        const las::Item* got = FindItem(list == &e.file.well ? file.well : file.parameters, item.mnemonic);
+        ASSERT_NE(got, nullptr) << item.mnemonic;
+        EXPECT_EQ(got->value, item.value);
+      }
+    for (const auto& note : e.notes) {
+      bool found = false;
+      for (const auto& w : file.warnings) found = found || w.find(note) != std::string::npos;
+      EXPECT_TRUE(found) << "no note \"" << note << "\" among:\n" << ::testing::PrintToString(file.warnings);
+    }
+  }
+}
+
+// Under the names an import stores, every file the reader takes is written,
+// read back and written again to the same text and the same bits.
+TEST(LasFolderTest, EveryReadableFileGoesThroughTheWriterUnchanged) {
+  for (const Expected& e : Folder()) {
+    SCOPED_TRACE(e.name);
+    las::File file;
+    std::string error;
+    if (!las::ReadFile(e.name, file, error)) continue;
+    for (auto& c : file.curves) c.mnemonic = las::StorableName(c.mnemonic);
+    std::ostringstream first, second;
+    ASSERT_TRUE(las::Write(first, file, error)) << error;
+    const las::File back = ReadText(first.str());
+    ASSERT_EQ(back.curves.size(), file.curves.size());
+    for (std::size_t c = 0; c < file.curves.size(); ++c) {
+      EXPECT_EQ(back.curves[c].mnemonic, file.curves[c].mnemonic);
+      EXPECT_EQ(back.curves[c].unit, file.curves[c].unit);
+      EXPECT_EQ(back.curves[c].description, file.curves[c].description);
+      const auto &a = file.curves[c].values, &b = back.curves[c].values;
+      ASSERT_EQ(a.size(), b.size());
+      EXPECT_EQ(std::memcmp(a.data(), b.data(), a.size() * sizeof(double)), 0) << file.curves[c].mnemonic;
+    }
+    ASSERT_TRUE(las::Write(second, back, error)) << error;
+    EXPECT_EQ(second.str(), first.str());
+  }
+}
+
 class LasRoundTripTest : public ProjectTest {};
 
 TEST_F(LasRoundTripTest, ExportThenImportGivesTheSameBits) {
@@ -238,6 +384,27 @@ TEST_F(LasRoundTripTest, ExportThenImportGivesTheSameBits) {
     EXPECT_EQ(curve->DepthCurve, back.Find("DEPT"));
   }
   EXPECT_EQ(back.Find("GR")->Measure, "API");
+}
+
+// The curves and the file's header are saved together or not at all.
+TEST_F(LasRoundTripTest, AnImportKeepsItsHeaderWithItsCurvesOrNeither) {
+  WellLog log;
+  las::ToWellLog(ReadText("~V\n~C\n DEPT.M : depth\n GR.API : gamma\n~A\n1 2\n"), "W1", log);
+  auto store = MakeLasFileStore(connection_);
+  const std::vector<LasItemRecord> items = {{"W1", "DEPT", "C", 0, "DEPT", "M", "", "depth"},
+                                            {"W1", "DEPT", "W", 0, "COMP", "", "O'Neil & Co", "company"}};
+  ASSERT_TRUE(store->SaveImport(log, "DEPT", items));
+  std::vector<LasItemRecord> back;
+  ASSERT_TRUE(store->LoadItems("W1", "DEPT", back));
+  ASSERT_EQ(back.size(), 2u);
+  EXPECT_EQ(back[0].Description, "depth");
+  EXPECT_EQ(back[1].ItemValue, "O'Neil & Co");
+  // A key the header's statements refuse undoes the curves saved before it.
+  log.Curves[1].Values = {7};
+  EXPECT_FALSE(store->SaveImport(log, "DE'PT", items));
+  WellLog stored;
+  ASSERT_TRUE(Make<ILogData>("ILogData")->LoadCurves("W1", {"GR"}, stored));
+  EXPECT_EQ(stored.Find("GR")->Values, (std::vector<double>{2}));
 }
 
 }  // namespace

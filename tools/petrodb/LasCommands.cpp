@@ -1,17 +1,21 @@
 // petrodb las import / las export, and the demo's logs, survey and markers.
 #include <cerrno>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <memory>
 #include <sstream>
 #include <cstring>
 
 #include "Checkshot.h"
 #include "Command.h"
+#include "Progress.h"
 #include "dbaccess/SqlText.h"
 #include "formats/Las.h"
+#include "formats/LasImport.h"
 #include "petrodb/Host.h"
 #include "petrodb/project/IBasicWellData.h"
 #include "petrodb/welllog/DepthConverter.h"
@@ -20,6 +24,7 @@
 #include "petrodb/welllog/ILogData.h"
 #include "petrodb/welllog/IMarkerData.h"
 #include "petrodb/welllog/ISourceData.h"
+#include "welllog/LasFileStore.h"
 
 namespace petrodb::cli {
 
@@ -29,24 +34,75 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Notes that change no value (an older version read as 2.0) are shown only
-// when asked for; the others say what was done to the data.
-bool Import(IDataFactory& factory, const std::string& wellID, const std::string& path, WellLog& log,
-            bool verbose = false) {
+// Notes that change no value (an older version read as 2.0, a note of the
+// encoding) are shown only when asked for; the others say what was done to the data.
+bool QuietNote(const std::string& note) {
+  return note.rfind("version ", 0) == 0 || note.rfind("read as UTF-16", 0) == 0;
+}
+
+// Reads the file and stores it into the well as the well's other curves allow
+// (see formats/LasImport.h), with its header kept for the export. `curves` and
+// `samples` say what was imported, `index` under which depth curve.
+bool Import(IDataFactory& factory, const std::string& wellID, const std::string& path, std::size_t& curves,
+            std::size_t& samples, std::string& index, bool verbose = false) {
   las::File file;
   std::string error;
-  if (!las::ReadFile(path, file, error)) {
+  std::unique_ptr<ProgressBar> reading;
+  auto progress = [&](std::uint64_t done, std::uint64_t total) {
+    if (!reading) reading = std::make_unique<ProgressBar>("las import", total, "lines");
+    reading->Set(done);
+  };
+  const bool read = las::ReadFile(path, file, error, progress);
+  reading.reset();
+  if (!read) {
     PrintError(path + ": " + error);
     return false;
   }
   for (const auto& warning : file.warnings)
-    if (verbose || warning.rfind("version ", 0) != 0) std::fprintf(stderr, "%s: %s\n", path.c_str(), warning.c_str());
-  las::ToWellLog(file, wellID, log);
+    if (verbose || !QuietNote(warning)) std::fprintf(stderr, "%s: %s\n", path.c_str(), warning.c_str());
+  if (file.curves.front().values.empty()) {
+    PrintError(path + ": no samples (the data section holds no depth step); nothing imported");
+    return false;
+  }
   auto logs = Create<ILogData>(factory, "ILogData");
-  if (!logs || !logs->SaveWellLog(log)) {
+  std::vector<std::string> names, depthNames;
+  std::vector<las::StoredCurve> stored;
+  if (!logs || !logs->GetCurveAndDepthNames(wellID.c_str(), names, depthNames)) {
+    if (!logs || !EngineError().empty()) {
+      PrintFailure("cannot read the curves of well " + wellID);
+      return false;
+    }
+  }
+  for (std::size_t i = 0; i < names.size() && i < depthNames.size(); ++i) stored.push_back({names[i], depthNames[i]});
+  const auto& depths = file.curves.front().values;
+  auto sameDepths = [&](const std::string& name) {
+    WellLog held;
+    const LogCurve* curve = logs->LoadCurves(wellID.c_str(), {name}, held) ? held.Find(name) : nullptr;
+    return curve && curve->Values.size() == depths.size() &&
+           std::memcmp(curve->Values.data(), depths.data(), depths.size() * sizeof(double)) == 0;
+  };
+  double storedNull = 0;
+  bool hasStoredNull = false;
+  if (!stored.empty()) {
+    WellLog held;
+    hasStoredNull = logs->LoadCurves(wellID.c_str(), {stored.front().depthName}, held);
+    storedNull = held.NullValue;
+  }
+  las::ImportPlan plan = las::PlanImport(file, wellID, stored, sameDepths, hasStoredNull ? &storedNull : nullptr);
+  for (const auto& note : plan.notes) std::fprintf(stderr, "%s: %s\n", path.c_str(), note.c_str());
+  index = plan.log.Curves.front().CurveName;
+  auto store = MakeLasFileStore(factory.GetConnectionString());
+  std::vector<LasItemRecord> kept;
+  if (plan.sharedIndex) store->LoadItems(wellID.c_str(), index.c_str(), kept);
+  if (!store->HasTable())
+    std::fprintf(stderr, "%s: the project has no table w_las_item (it predates it); the file's header is not kept "
+                 "for export\n", path.c_str());
+  if (!store->SaveImport(plan.log, index, las::HeaderRows(file, plan, kept))) {
     PrintFailure("cannot save the curves of well " + wellID);
     return false;
   }
+  curves = file.curves.size();
+  samples = depths.size();
   return true;
 }
 
@@ -99,11 +155,11 @@ int LasImport(const std::vector<std::string>& given) {
   }
   auto factory = MakeFactory(ProjectConnection(file));
   if (!CheckWellID(*factory, file, args.at(1))) return kFailed;
-  WellLog log;
-  if (!Import(*factory, args.at(1), args.at(2), log, verbose)) return kFailed;
-  const auto samples = log.Curves.front().Values.size();
-  std::printf("imported %zu curves of %zu samples into well %s (index %s)\n", log.Curves.size(), samples,
-              log.WellID.c_str(), log.Curves.front().CurveName.c_str());
+  std::size_t curves = 0, samples = 0;
+  std::string index;
+  if (!Import(*factory, args.at(1), args.at(2), curves, samples, index, verbose)) return kFailed;
+  std::printf("imported %zu curves of %zu samples into well %s (index %s)\n", curves, samples, args.at(1).c_str(),
+              index.c_str());
   return kOk;
 }
 
@@ -121,17 +177,19 @@ std::string HeaderText(std::string text, bool description) {
 }
 
 // Unit and description of a curve: the dictionary's where it knows the curve
-// (by name or alias), else the stored measure. A unit a LAS header cannot
-// carry (one with a blank) is left out.
-void Describe(ICurveDictionary* dictionary, const LogCurve& curve, las::Curve& out) {
-  out.unit = curve.Measure;
+// (by name or alias), else what the imported file said (`kept`), else the
+// stored measure. A unit a LAS header cannot carry (one with a blank) is left out.
+void Describe(ICurveDictionary* dictionary, const LogCurve& curve, const LasItemRecord* kept, las::Curve& out) {
+  out.unit = kept ? kept->Unit : curve.Measure;
+  out.description = kept ? kept->Description : "";
   CurveTemplate entry;
   if (dictionary && dictionary->LoadTemplateByAlias(curve.CurveName.c_str(), entry)) {
     if (!entry.CurveUnit.empty()) out.unit = entry.CurveUnit;
-    out.description = HeaderText(entry.DisplayName, true);
+    if (!entry.DisplayName.empty()) out.description = HeaderText(entry.DisplayName, true);
   }
   out.unit = HeaderText(out.unit, false);
   if (out.unit.find(' ') != std::string::npos) out.unit.clear();
+  out.description = HeaderText(out.description, true);
 }
 
 int LasExport(const std::vector<std::string>& args) {
@@ -157,7 +215,7 @@ int LasExport(const std::vector<std::string>& args) {
   const LogCurve* index = nullptr;
   for (const auto& curve : log.Curves) {
     if (!curve.DepthCurve) continue;
-    if (!names.empty() ? curve.CurveName == names.front() : curve.DepthCurve != &curve) {
+    if (!names.empty() ? sql::EqualsIgnoreCase(curve.CurveName, names.front()) : curve.DepthCurve != &curve) {
       index = curve.DepthCurve;
       break;
     }
@@ -174,18 +232,55 @@ int LasExport(const std::vector<std::string>& args) {
                " cannot be exported: the name " + problem + ", which a LAS mnemonic cannot");
     return kFailed;
   }
+  // What the imported file said under this index: its curve order, units,
+  // descriptions and items.
+  std::vector<LasItemRecord> kept;
+  MakeLasFileStore(factory->GetConnectionString())->LoadItems(wellID.c_str(), index->CurveName.c_str(), kept);
+  auto keptCurve = [&](const std::string& name, const char* section) -> const LasItemRecord* {
+    for (const auto& k : kept)
+      if (k.ItemSection == section && sql::EqualsIgnoreCase(k.Mnemonic, name)) return &k;
+    return nullptr;
+  };
   auto dictionary = Create<ICurveDictionary>(*factory, "ICurveDictionary");
   las::File out;
   out.nullValue = log.NullValue;
   out.hasNull = true;
-  out.well.push_back({"WELL", "", HeaderText(wellID, false), "WELL"});
+  bool hasWell = false;
+  for (const char* section : {"W", "P"})
+    for (const auto& k : kept) {
+      if (k.ItemSection != section) continue;
+      const las::Item item{k.Mnemonic, k.Unit, k.ItemValue, k.Description};
+      if (const std::string problem = las::ItemProblem(item); !problem.empty()) {
+        std::fprintf(stderr, "skipped the %s %s\n", *section == 'W' ? "well" : "parameter", problem.c_str());
+        continue;
+      }
+      hasWell = hasWell || (*section == 'W' && sql::EqualsIgnoreCase(k.Mnemonic, "WELL"));
+      (*section == 'W' ? out.well : out.parameters).push_back(item);
+    }
+  if (!hasWell) out.well.insert(out.well.begin(), {"WELL", "", HeaderText(wellID, false), "WELL"});
+  std::size_t replaced = 0;
   auto add = [&](const LogCurve& curve) {
     las::Curve c{curve.CurveName, "", "", curve.Values};
-    Describe(dictionary.get(), curve, c);
+    Describe(dictionary.get(), curve, keptCurve(curve.CurveName, "C"), c);
+    if (&curve != index)
+      for (double& v : c.values)
+        if (!std::isfinite(v) && !(std::isnan(v) && std::isnan(out.nullValue)) && v != out.nullValue) {
+          v = out.nullValue;
+          ++replaced;
+        }
     out.curves.push_back(std::move(c));
   };
   add(*index);
-  for (const auto& curve : log.Curves) {
+  // The curves in the imported file's order, then the others in name order.
+  std::vector<const LogCurve*> order;
+  for (const auto& k : kept)
+    if (k.ItemSection == "C")
+      for (const auto& curve : log.Curves)
+        if (&curve != index && sql::EqualsIgnoreCase(curve.CurveName, k.Mnemonic)) order.push_back(&curve);
+  for (const auto& curve : log.Curves)
+    if (!keptCurve(curve.CurveName, "C") && !keptCurve(curve.CurveName, "I")) order.push_back(&curve);
+  for (const LogCurve* p : order) {
+    const LogCurve& curve = *p;
     if (&curve == index || curve.DepthCurve == &curve) continue;
     if (curve.DepthCurve != index) {
       std::fprintf(stderr, "skipped %s: indexed by %s, not %s\n", curve.CurveName.c_str(),
@@ -199,10 +294,20 @@ int LasExport(const std::vector<std::string>& args) {
     }
     add(curve);
   }
+  if (replaced)
+    std::fprintf(stderr, "%zu infinite or NaN samples written as NULL (%s)\n", replaced,
+                 las::FormatNumber(out.nullValue).c_str());
   // The whole text first: a refused file leaves no file behind.
   std::string error;
   std::ostringstream text;
-  if (!las::Write(text, out, error)) {
+  std::unique_ptr<ProgressBar> writing;
+  auto progress = [&](std::uint64_t done, std::uint64_t total) {
+    if (!writing) writing = std::make_unique<ProgressBar>("las export", total, "depth steps");
+    writing->Set(done);
+  };
+  const bool written = las::Write(text, out, error, progress);
+  writing.reset();
+  if (!written) {
     PrintError("cannot write the LAS file: " + error);
     return kFailed;
   }
@@ -244,10 +349,10 @@ bool DemoLogs(DemoContext& c) {
     PrintError("cannot write " + path + ": " + std::strerror(errno));
     return false;
   }
-  WellLog log;
-  if (!Import(*c.factory, well, path, log)) return false;
-  std::printf("loaded %s: %zu curves, %zu samples, index %s\n", path.c_str(), log.Curves.size(),
-              log.Curves.front().Values.size(), log.Curves.front().CurveName.c_str());
+  std::size_t curves = 0, samples = 0;
+  std::string index;
+  if (!Import(*c.factory, well, path, curves, samples, index)) return false;
+  std::printf("loaded %s: %zu curves, %zu samples, index %s\n", path.c_str(), curves, samples, index.c_str());
 
   // A survey that builds angle from 1000 m to 40 degrees at azimuth 60; the
   // stored vertical depths and positions are computed from the angles.

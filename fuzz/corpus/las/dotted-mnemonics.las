@@ -1,0 +1,16 @@
+~VERSION INFORMATION
+ VERS.   2.0 : CWLS LOG ASCII STANDARD - VERSION 2.0
+ WRAP.   NO  : ONE LINE PER DEPTH STEP
+~WELL INFORMATION
+ STRT.M  1000 : START
+ STOP.M  1001 : STOP
+ STEP.M  0.5 : STEP
+ NULL.   -999.25 : NULL VALUE
+ WELL.   A-1 : WELL
+~C
+ DEPT.M : depth
+ I. Res..OHMM : induction resistivity
+ Cond..mS/m : conductivity
+ .TEMP.DEGC : temperature
+~A
+1000 2.5 400 35

@@ -1,0 +1,15 @@
+~Version Information
+ VERS.  1.20: CWLS log ASCII Standard -VERSION 1.20
+ WRAP.  NO:
+~Well Information Block
+ STRT.FT 100: START DEPTH
+ NULL. -9999: NULL VALUE
+ COMP. ACME OIL: COMPANY
+~Curve Information Block
+ DEPT.FT: DEPTH
+ SP.MV: SPONTANEOUS POTENTIAL
+~Parameter Information Block
+ BHT.DEGF 120: BOTTOM HOLE TEMPERATURE
+~A
+100 -9999
+100.5 -52.5
