@@ -338,8 +338,8 @@ bool DemoLogs(DemoContext& c) {
   WellRecord head;
   head.WellID = well;
   head.WellName = "LAS-1 (deviated)";
-  head.Well_SN = 4420000.0;
-  head.Well_EW = 20350000.0;
+  head.Well_SN = 4312500.0;  // inside the demo project's extent
+  head.Well_EW = 20508000.0;
   head.Kb = 35.0;
   if (!wells || !wells->ReplaceWell(c.project.c_str(), head)) return false;
 
