@@ -106,7 +106,9 @@ class FaultTest : public ProjectTest {
   }
 
   void ExpectIntact() {
-    if (!onServer()) EXPECT_EQ(Query("pragma integrity_check"), std::vector<std::string>{"ok"});
+    if (!onServer()) {
+      EXPECT_EQ(Query("pragma integrity_check"), std::vector<std::string>{"ok"});
+    }
   }
 };
 

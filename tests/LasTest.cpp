@@ -303,7 +303,9 @@ TEST(LasFolderTest, EachFileReadsAsExpectedOrIsRefusedWithItsReason) {
       const auto &got = file.curves[c], &want = e.file.curves[c];
       EXPECT_EQ(got.mnemonic, want.mnemonic);
       EXPECT_EQ(got.unit, want.unit) << want.mnemonic;
-      if (!want.description.empty()) EXPECT_EQ(got.description, want.description) << want.mnemonic;
+      if (!want.description.empty()) {
+        EXPECT_EQ(got.description, want.description) << want.mnemonic;
+      }
       ASSERT_EQ(got.values.size(), want.values.size()) << want.mnemonic;
       for (std::size_t r = 0; r < got.values.size(); ++r) {
         if (e.nulls[c][r])

@@ -24,7 +24,7 @@ class ProductionDataTest : public ObjectTest<IProductionData, "IProductionData">
     static const int kMonth[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     int month = 0;
     while (n >= kMonth[month]) n -= kMonth[month++];
-    char text[16];
+    char text[32];
     std::snprintf(text, sizeof text, "2023-%02d-%02d", month + 1, n + 1);
     return text;
   }

@@ -365,7 +365,9 @@ TEST_F(ProductionCommandTest, UnknownWellsBadDatesAndBadRowsAreErrors) {
   EXPECT_EQ(run.code, 1);
   EXPECT_NE(run.output.find("petrodb: no well \"W9\""), std::string::npos) << run.output;
   for (const char* usage : {" W1 --from 2024-13", " W1 --every 2", ""}) EXPECT_EQ(Run(usage).code, 2) << usage;
-  ASSERT_TRUE(Make<IProductionData>("IProductionData")->SaveWellProduction({"W1", {ProductionRecord{"spring"}}}));
+  ProductionRecord spring;
+  spring.ProductTime = "spring";
+  ASSERT_TRUE(Make<IProductionData>("IProductionData")->SaveWellProduction({"W1", {spring}}));
   run = Run(" W1");
   EXPECT_EQ(run.code, 1);
   EXPECT_NE(run.output.find("product time \"spring\" is not a date"), std::string::npos) << run.output;

@@ -104,7 +104,7 @@ TEST_F(ProjectCommandsTest, FilesThatAreNoProjectAreNamedAndLeftAlone) {
   };
   for (const auto& c : cases) {
     const std::string before = Bytes(c.path);
-    for (const std::string command : {"info " + c.path.string(), "wells list " + c.path.string() + " P",
+    for (const std::string& command : {"info " + c.path.string(), "wells list " + c.path.string() + " P",
                                       "wells import " + c.path.string() + " P " + text.string(),
                                       "las export " + c.path.string() + " W"}) {
       const CliRun run = Petrodb(command);

@@ -239,7 +239,8 @@ TEST_F(ProjectDataTest, CreateProjectDatabaseOnAnEngineWithoutServerCatalogueFai
                         EXPECT_EQ(text, "系统正在创建数据库，请耐心等候...");
                         ++begun;
                       },
-                      [&] { ++ended; }});
+                      [&] { ++ended; },
+                      {}});
   sql_.clear();
   EXPECT_FALSE(object_->CreateProjectDatabase("newdb", connection_.c_str()));
   SetProgressHandler({});

@@ -153,7 +153,9 @@ TEST_F(VspParamTest, RunsByOutputAlgorithmAndTime) {
   const bool found = object_->LoadParamBySaveTime(1, {2024, 1, 5, 9, 3, 7}, run);
   EXPECT_EQ(sql_.texts().at(0), "select  * from vsp_param where Save_time = #2024-1-5 9:3:7# and Vsp_ProjID = 1");
   EXPECT_EQ(found, jet());
-  if (jet()) EXPECT_EQ(run, Run("filter", "f1.out", "raw.sgy", "p1", {2024, 1, 5, 9, 3, 7}));
+  if (jet()) {
+    EXPECT_EQ(run, Run("filter", "f1.out", "raw.sgy", "p1", {2024, 1, 5, 9, 3, 7}));
+  }
 
   EXPECT_FALSE(object_->SaveParam(Run("sum", "", "a", "b", {})));
   EXPECT_FALSE(object_->DeleteAlgoParams(1, ""));
