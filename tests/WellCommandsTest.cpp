@@ -84,6 +84,7 @@ TEST_F(WellCommandsTest, BadCellsNameTheirLineAndColumnAndImportNothing) {
   EXPECT_EQ(folder.code, 1);
   EXPECT_NE(folder.output.find(dir_.string() + ": a directory, not a CSV file"), std::string::npos) << folder.output;
   EXPECT_TRUE(Query("select WellID from w_well_data").empty());
+  EXPECT_EQ(Petrodb("wells list " + file_ + " P2").code, 1);
   EXPECT_EQ(Petrodb("wells import " + file_ + " P1").code, 2);  // usage
 }
 

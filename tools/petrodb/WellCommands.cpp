@@ -145,6 +145,8 @@ int WellsList(const std::vector<std::string>& args) {
   const std::string &file = args[0], &project = args[1];
   if (!CheckProjectFile(file)) return kFailed;
   auto factory = MakeFactory(ProjectConnection(file), project);
+  // A mistyped project is said, not listed as a project without wells.
+  if (!CheckProjectName(*factory, file, project)) return kFailed;
   auto data = Create<IBasicWellData>(*factory, "IBasicWellData");
   auto groups = Create<IWellGroupData>(*factory, "IWellGroupData");
   std::vector<WellRecord> wells;
