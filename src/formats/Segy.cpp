@@ -44,7 +44,8 @@ double Scaled(std::int32_t value, std::int32_t scalar) {
   return value;
 }
 
-bool ReadHeaders(const std::string& path, const SegyFormat& layout, Headers& out, std::string& error) {
+bool ReadHeaders(const std::string& path, const SegyFormat& layout, Headers& out, std::string& error,
+                 const HeaderProgress& progress) {
   out = Headers{};
   std::error_code ec;
   if (std::filesystem::is_directory(path, ec)) {
@@ -116,6 +117,8 @@ bool ReadHeaders(const std::string& path, const SegyFormat& layout, Headers& out
       }
     }
     out.traces.push_back(TraceHeader{v[0], v[1], v[4], Scaled(v[2], v[4]), Scaled(v[3], v[4])});
+    if (progress && (i % 1024 == 1023 || i + 1 == count))
+      progress(static_cast<std::uint64_t>(i) + 1, static_cast<std::uint64_t>(count));
   }
   return true;
 }

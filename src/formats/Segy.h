@@ -3,6 +3,7 @@
 // header, with each value taken where a layout (SegyFormat) says it sits and
 // the coordinates scaled by the trace's coordinate scalar.
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -37,6 +38,9 @@ double Scaled(std::int32_t value, std::int32_t scalar);
 // extended textual headers the binary header announces. The coordinate scalar
 // is read at the layout's "CoordinateScalar" entry where it has one, else at
 // byte 71. False with `error` set when the file cannot be read as SEG-Y.
-bool ReadHeaders(const std::string& path, const SegyFormat& layout, Headers& out, std::string& error);
+// `progress`, when given, hears how many trace headers of how many are read.
+using HeaderProgress = std::function<void(std::uint64_t done, std::uint64_t total)>;
+bool ReadHeaders(const std::string& path, const SegyFormat& layout, Headers& out, std::string& error,
+                 const HeaderProgress& progress = {});
 
 }  // namespace petrodb::segy

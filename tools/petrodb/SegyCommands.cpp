@@ -2,10 +2,12 @@
 // segyio, and a 2D line's trace positions stored in a project.
 #include <algorithm>
 #include <cstdio>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "Command.h"
+#include "Progress.h"
 #include "dbaccess/SqlText.h"
 #include "formats/Segy.h"
 #include "petrodb/seismic/ILineCoor2DData.h"
@@ -24,7 +26,15 @@ bool LayoutOption(const Options& options, SegyFormat& layout) {
 
 bool Read(const std::string& path, const SegyFormat& layout, segy::Headers& headers) {
   std::string error;
-  if (segy::ReadHeaders(path, layout, headers, error)) return true;
+  // The trace count is known once the file header is read.
+  std::optional<ProgressBar> bar;
+  const auto step = [&bar](std::uint64_t done, std::uint64_t total) {
+    if (!bar) bar.emplace("trace headers", total, "traces");
+    bar->Set(done);
+  };
+  const bool read = segy::ReadHeaders(path, layout, headers, error, step);
+  if (bar) bar->Finish();
+  if (read) return true;
   PrintError(error);
   return false;
 }
