@@ -9,6 +9,17 @@
 
 namespace {
 
+// A run's name without the "/iterations:N" and "/repeats:N" that fixed counts add.
+std::string CaseName(std::string name) {
+  for (const char* suffix : {"/iterations:", "/repeats:"}) {
+    const auto at = name.find(suffix);
+    if (at == std::string::npos) continue;
+    const auto end = name.find('/', at + 1);
+    name.erase(at, end == std::string::npos ? std::string::npos : end - at);
+  }
+  return name;
+}
+
 class RatioReporter : public benchmark::ConsoleReporter {
  public:
   void ReportRuns(const std::vector<Run>& runs) override {
@@ -16,7 +27,7 @@ class RatioReporter : public benchmark::ConsoleReporter {
     // With --benchmark_repetitions the median stands for the case; otherwise the one run.
     for (const auto& run : runs) {
       if (run.error_occurred) continue;
-      const std::string name = run.run_name.str();
+      const std::string name = CaseName(run.run_name.str());
       units_[name] = benchmark::GetTimeUnitString(run.time_unit);
       if (run.run_type == Run::RT_Aggregate && run.aggregate_name == "median")
         medians_[name] = run.GetAdjustedRealTime();

@@ -6,7 +6,12 @@
 
 #include "dbaccess/DataObject.h"
 #include "dbaccess/DbManage.h"
+#include "petrodb/IDataFactory.h"
+#include "petrodb/project/IBasicWellData.h"
+#include "petrodb/network/INode.h"
 #include "petrodb/welllog/IAliasData.h"
+#include "petrodb/welllog/ILogData.h"
+#include "petrodb/welllog/IMarkerData.h"
 
 namespace petrodb::bench {
 
@@ -86,6 +91,83 @@ inline void ArrayRoundTrip(const std::string& connection, const std::vector<doub
 // An operation that replaces a record by key: probe, delete, insert.
 inline bool ReplaceAlias(IAliasData& aliases, int round) {
   return aliases.SaveImageAlias(ImageAlias{"sand", 1, round, "sandstone"});
+}
+
+// A data object of the factory's making, on a connection, for a whole run.
+template <class Interface>
+struct DataObject {
+  IDataFactory* factory = CreateDataFactoryObject();
+  Interface* object;
+  DataObject(const char* name, const std::string& connection)
+      : object(static_cast<Interface*>(factory->CreateObject(name))) {
+    object->SetConnection(connection.c_str());
+  }
+  ~DataObject() {
+    delete object;
+    DeleteDataFactory(factory);
+  }
+  Interface* operator->() { return object; }
+};
+
+// Projects with many wells: the wells of project "G", as the raw side stores them.
+constexpr int kGrowthWells = 10000;
+inline const char* const kFillWells =
+    "insert into w_well_data (ProjectName, WellID, WellName, WellType, Well_SN, Well_EW, WellFlag, WellSymbol, Kb, "
+    "Ekb, WellDepth) values ('G', ?1, ?1, 'oil', ?2, ?2, '1', 3, 10.5, 9.5, 2000)";
+
+// The markers of 1,000 wells, ten each, in the layering's source: wells "M0".."M999".
+constexpr int kMarkerWells = 1000;
+constexpr int kMarkersPerWell = 10;
+inline const char* const kMarkerSource = "\xe5\x9c\xb0\xe8\xb4\xa8\xe5\x88\x86\xe5\xb1\x82";
+inline std::vector<std::string> MarkerWellIds() {
+  std::vector<std::string> ids;
+  for (int i = 0; i < kMarkerWells; ++i) ids.push_back("M" + std::to_string(i));
+  return ids;
+}
+// The statement the load of every marker of those wells sends.
+inline std::string MarkersOfWellsText() {
+  std::string list;
+  for (const auto& id : MarkerWellIds()) list += (list.empty() ? "'" : ", '") + id + "'";
+  return std::string("select * from w_marker  where Source ='") + kMarkerSource + "'and WellID in (" + list +
+         ") order by TopMD";
+}
+
+// A network of 20,000 nodes in a tree, four children a node: node 0 is the top.
+constexpr int kNetworkNodes = 20000;
+inline std::vector<NodeRecord> MakeNetwork() {
+  std::vector<NodeRecord> nodes(kNetworkNodes);
+  for (int i = 0; i < kNetworkNodes; ++i) {
+    NodeRecord& n = nodes[i];
+    n.PipenetName = "net";
+    n.NodeName = "N" + std::to_string(i);
+    n.NodeX = i * 0.5;
+    n.NodeY = i * 0.25;
+    n.NodeType = 1 + i % 5;
+    n.ParentNodeName = i == 0 ? "-1" : "N" + std::to_string((i - 1) / 4);
+  }
+  return nodes;
+}
+inline const char* const kInsertNode =
+    "insert into n_nodes (PipenetName, NodeName, NodeX, NodeY, NodeZ, NodeType, NodeColor, ParentNodeName, Memo, "
+    "CoorelateData, BoundaryCondition) values ('net', $1, $2, $3, 0, $4, 0, $5, '', '', '')";
+
+// A well's log: one depth curve and 19 curves that it indexes, `samples` each.
+inline WellLog MakeLog(const std::string& well, int samples) {
+  WellLog log;
+  log.WellID = well;
+  log.NullValue = -999.25;
+  std::vector<std::string> depths;
+  for (int c = 0; c < 20; ++c) {
+    LogCurve curve;
+    curve.CurveName = c == 0 ? "DEPT" : "C" + std::to_string(c);
+    curve.Measure = c == 0 ? "m" : "api";
+    curve.Values.resize(samples);
+    for (int i = 0; i < samples; ++i) curve.Values[i] = c == 0 ? 1000 + i * 0.125 : c + i * 1e-3;
+    log.Curves.push_back(std::move(curve));
+    depths.push_back("DEPT");
+  }
+  log.Link(depths);
+  return log;
 }
 
 }  // namespace petrodb::bench

@@ -11,6 +11,7 @@
 #include <tuple>
 
 #include "TestSupport.h"
+#include "dbaccess/Backend.h"
 #include "dbaccess/DbManage.h"
 #include "dbaccess/Pool.h"
 #include "dbaccess/SqlText.h"
@@ -489,6 +490,35 @@ TEST(TraceSwitch, HandlersComeAndGoWhileOtherThreadsTrace) {
   db::ClearConnectionPool();
   std::filesystem::remove_all(dir);
   EXPECT_GT(seen.load(), 0);
+}
+
+// The pending batch: runs of one shape, a column set again, rows that stop
+// following the row before and rows without cells.
+TEST(PendingRowsTest, RowsFormRunsOfOneShapeAndARepeatedColumnKeepsItsLastValue) {
+  db::PendingRows rows;
+  auto row = [&](const char* table, std::vector<const char*> columns) {
+    rows.StartRow(table);
+    for (const char* c : columns) rows.SetText(c, c);
+  };
+  row("t", {"a", "b"});
+  row("t", {"a", "b"});
+  row("t", {"a", "B", "b"});  // b set again: its own text, case ignored
+  row("t", {"a"});
+  row("u", {"a"});
+  row("u", {});
+  row("u", {});
+  rows.SetInteger("x", 1);  // into the row begun last
+  rows.Seal();
+  ASSERT_EQ(rows.size(), 7u);
+  std::vector<std::size_t> runEnds;
+  for (std::size_t i = 0; i < rows.size(); i = rows.RunEnd(i)) runEnds.push_back(rows.RunEnd(i));
+  EXPECT_EQ(runEnds, (std::vector<std::size_t>{2, 3, 4, 5, 6, 7}));
+  EXPECT_EQ(db::InsertText(rows.Shape(2)), "insert into t (a, B) values (?, ?)");
+  EXPECT_EQ(rows.Text(rows.Cells(2)[1]), "b");
+  EXPECT_EQ(db::InsertText(rows.Shape(3)), "insert into t (a) values (?)");
+  EXPECT_EQ(db::InsertText(rows.Shape(5)), "insert into u default values");
+  ASSERT_EQ(rows.Cells(6).size(), 1u);
+  EXPECT_EQ(rows.Cells(6)[0].integer, 1);
 }
 
 }  // namespace

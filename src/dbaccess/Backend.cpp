@@ -1,25 +1,207 @@
 #include "dbaccess/Backend.h"
 
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <cstdint>
+#include <new>
+
+#if defined(__linux__)
+#include <sys/mman.h>
+#endif
+
+#include "dbaccess/SqlText.h"
+
 namespace petrodb::db {
 
-bool SameShape(const PendingRow& a, const PendingRow& b) {
-  if (a.table != b.table || a.cells.size() != b.cells.size()) return false;
-  for (std::size_t k = 0; k < a.cells.size(); ++k)
-    if (a.cells[k].first != b.cells[k].first) return false;
-  return true;
+namespace {
+#if defined(__linux__)
+// Blocks from this size on are mapped memory of their own: they grow by
+// remapping their pages, never by copying them, and ask for large pages.
+constexpr std::size_t kMapped = std::size_t{1} << 20;
+constexpr std::uintptr_t kLargePage = std::uintptr_t{2} << 20;
+
+void AskLargePages(void* block, std::size_t bytes) {
+  const auto begin = (reinterpret_cast<std::uintptr_t>(block) + kLargePage - 1) & ~(kLargePage - 1);
+  const auto end = (reinterpret_cast<std::uintptr_t>(block) + bytes) & ~(kLargePage - 1);
+  if (end > begin) ::madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE);
+}
+#endif
+}  // namespace
+
+void* GrowPlainBlock(void* block, std::size_t bytes, std::size_t grownBytes) {
+#if defined(__linux__)
+  if (grownBytes >= kMapped) {
+    void* grown = MAP_FAILED;
+    if (bytes >= kMapped) {
+      grown = ::mremap(block, bytes, grownBytes, MREMAP_MAYMOVE);
+    } else {
+      grown = ::mmap(nullptr, grownBytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+      if (grown != MAP_FAILED && block) {
+        std::memcpy(grown, block, bytes);
+        std::free(block);
+      }
+    }
+    if (grown == MAP_FAILED) throw std::bad_alloc();
+    AskLargePages(grown, grownBytes);
+    return grown;
+  }
+#endif
+  void* grown = std::realloc(block, grownBytes);
+  if (!grown) throw std::bad_alloc();
+  return grown;
 }
 
-std::string InsertText(const PendingRow& row, std::string (*column)(const std::string&),
+void FreePlainBlock(void* block, std::size_t bytes) {
+  if (!block) return;
+#if defined(__linux__)
+  if (bytes >= kMapped) {
+    ::munmap(block, bytes);
+    return;
+  }
+#endif
+  std::free(block);
+}
+
+const PendingRows::Run& PendingRows::RunOf(std::size_t row) const {
+  const auto after = std::upper_bound(runs_.begin(), runs_.end(), row,
+                                      [](std::size_t r, const Run& run) { return r < run.firstRow; });
+  return *(after - 1);
+}
+
+std::size_t PendingRows::RunEnd(std::size_t row) const {
+  const auto after = std::upper_bound(runs_.begin(), runs_.end(), row,
+                                      [](std::size_t r, const Run& run) { return r < run.firstRow; });
+  return after == runs_.end() ? rows_ : after->firstRow;
+}
+
+std::span<const PendingCell> PendingRows::Cells(std::size_t row) const {
+  const Run& run = RunOf(row);
+  const std::size_t width = shapes_[run.shape].columns.size();
+  return {cells_.data() + run.firstCell + (row - run.firstRow) * width, width};
+}
+
+void PendingRows::StartRow(const std::string& table) {
+  Seal();
+  open_ = true;
+  following_ = !runs_.empty() && shapes_[runs_.back().shape].table == table;
+  if (!following_) openTable_ = table;
+  openColumns_.clear();
+  openFirst_ = cells_.size();
+}
+
+PendingCell* PendingRows::Slot(const char* column) {
+  if (!column || !open_) return nullptr;
+  const std::size_t k = cells_.size() - openFirst_;
+  const PendingCell empty{{0}, 0, CellKind::Null};
+  if (following_) {
+    const RowShape& previous = shapes_[runs_.back().shape];
+    // Distinct from the columns set so far, as the row before had them in this order.
+    if (k < previous.columns.size() && previous.columns[k] == column) return &cells_.push_back(empty);
+    following_ = false;
+    openTable_ = previous.table;
+    openColumns_.assign(previous.columns.begin(), previous.columns.begin() + static_cast<std::ptrdiff_t>(k));
+  }
+  for (std::size_t i = 0; i < openColumns_.size(); ++i)
+    if (sql::EqualsIgnoreCase(openColumns_[i], column)) return &(cells_[openFirst_ + i] = empty);
+  openColumns_.emplace_back(column);
+  return &cells_.push_back(empty);
+}
+
+void PendingRows::SetInteger(const char* column, std::int64_t value) {
+  if (PendingCell* cell = Slot(column)) {
+    cell->kind = CellKind::Integer;
+    cell->integer = value;
+  }
+}
+
+void PendingRows::SetReal(const char* column, double value) {
+  if (PendingCell* cell = Slot(column)) {
+    cell->kind = CellKind::Real;
+    cell->real = value;
+  }
+}
+
+void PendingRows::SetText(const char* column, std::string_view value) {
+  if (PendingCell* cell = Slot(column)) {
+    cell->kind = CellKind::Text;
+    cell->size = static_cast<std::uint32_t>(value.size());
+    if (value.size() <= PendingCell::kInline) {
+      if (!value.empty()) std::memcpy(cell->chars, value.data(), value.size());
+    } else {
+      cell->at = text_.size();
+      text_.append(value.data(), value.size());
+    }
+  }
+}
+
+void PendingRows::SetArray(const char* column, const Variant& value) {
+  if (PendingCell* cell = Slot(column)) {
+    cell->kind = CellKind::Blob;
+    cell->at = arrays_.size();
+    arrays_.push_back(value);
+  }
+}
+
+void PendingRows::Seal() {
+  if (!open_) return;
+  open_ = false;
+  const std::size_t count = cells_.size() - openFirst_;
+  const std::size_t before = runs_.empty() ? static_cast<std::size_t>(-1) : runs_.back().shape;
+  std::size_t shape = before;
+  if (following_) {
+    if (count != shapes_[before].columns.size()) {
+      // Fewer columns than the row before: a shape of their own.
+      RowShape prefix{shapes_[before].table, {}};
+      prefix.columns.assign(shapes_[before].columns.begin(),
+                            shapes_[before].columns.begin() + static_cast<std::ptrdiff_t>(count));
+      shapes_.push_back(std::move(prefix));
+      shape = shapes_.size() - 1;
+    }
+  } else if (runs_.empty() || shapes_[before].table != openTable_ || shapes_[before].columns != openColumns_) {
+    shapes_.push_back(RowShape{openTable_, openColumns_});
+    shape = shapes_.size() - 1;
+  }
+  if (shape != before) runs_.push_back(Run{rows_, openFirst_, shape});
+  ++rows_;
+}
+
+void PendingRows::clear() {
+  shapes_.clear();
+  runs_.clear();
+  rows_ = 0;
+  cells_.clear();
+  text_.clear();
+  arrays_.clear();
+  open_ = following_ = false;
+  openColumns_.clear();
+}
+
+void PendingRows::swap(PendingRows& other) noexcept {
+  std::swap(shapes_, other.shapes_);
+  std::swap(runs_, other.runs_);
+  std::swap(rows_, other.rows_);
+  cells_.swap(other.cells_);
+  text_.swap(other.text_);
+  std::swap(arrays_, other.arrays_);
+  std::swap(open_, other.open_);
+  std::swap(following_, other.following_);
+  std::swap(openFirst_, other.openFirst_);
+  std::swap(openTable_, other.openTable_);
+  std::swap(openColumns_, other.openColumns_);
+}
+
+std::string InsertText(const RowShape& row, std::string (*column)(const std::string&),
                        std::string (*mark)(std::size_t)) {
-  if (row.cells.empty()) return "insert into " + row.table + " default values";
+  if (row.columns.empty()) return "insert into " + row.table + " default values";
   std::string text = "insert into " + row.table + " (";
   std::string marks;
-  for (std::size_t k = 0; k < row.cells.size(); ++k) {
+  for (std::size_t k = 0; k < row.columns.size(); ++k) {
     if (k) {
       text += ", ";
       marks += ", ";
     }
-    text += column ? column(row.cells[k].first) : row.cells[k].first;
+    text += column ? column(row.columns[k]) : row.columns[k];
     marks += mark ? mark(k) : std::string("?");
   }
   return text + ") values (" + marks + ")";

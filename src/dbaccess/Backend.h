@@ -4,12 +4,13 @@
 // time.
 #include <cstddef>
 #include <cstdint>
-#include <deque>
+#include <cstring>
 #include <memory>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -20,7 +21,7 @@ namespace petrodb::db {
 
 enum class Dialect { Jet, Server };
 
-enum class CellKind { Null, Integer, Real, Text, Blob };
+enum class CellKind : std::uint8_t { Null, Integer, Real, Text, Blob };
 
 // A result set standing on a row (or past the last one).
 class Cursor {
@@ -41,27 +42,138 @@ class Cursor {
   virtual std::string Error() const { return {}; }
 };
 
-struct TextValue {
-  std::string text;
-};
-// A value waiting to be written: null, integer, real, text or a double array.
-using Cell = std::variant<std::monostate, std::int64_t, double, TextValue, Variant>;
+// A growing array of plain values for batches of any length: it grows in place
+// where the system can, and large ones ask for large memory pages, so that a
+// long batch neither copies itself as it grows nor pays a fault per small page.
+void* GrowPlainBlock(void* block, std::size_t bytes, std::size_t grownBytes);
+void FreePlainBlock(void* block, std::size_t bytes);
 
-struct PendingRow {
+template <class T>
+class PlainArray {
+  static_assert(std::is_trivially_copyable_v<T>);
+
+ public:
+  PlainArray() = default;
+  PlainArray(const PlainArray&) = delete;
+  PlainArray& operator=(const PlainArray&) = delete;
+  ~PlainArray() { FreePlainBlock(data_, capacity_ * sizeof(T)); }
+
+  std::size_t size() const { return size_; }
+  T* data() { return data_; }
+  const T* data() const { return data_; }
+  T& operator[](std::size_t i) { return data_[i]; }
+  const T& operator[](std::size_t i) const { return data_[i]; }
+  T& push_back(const T& value) {
+    if (size_ == capacity_) Grow(size_ + 1);
+    data_[size_] = value;
+    return data_[size_++];
+  }
+  void append(const T* values, std::size_t count) {
+    if (size_ + count > capacity_) Grow(size_ + count);
+    if (count) std::memcpy(data_ + size_, values, count * sizeof(T));
+    size_ += count;
+  }
+  void clear() { size_ = 0; }
+  void swap(PlainArray& other) noexcept {
+    std::swap(data_, other.data_);
+    std::swap(size_, other.size_);
+    std::swap(capacity_, other.capacity_);
+  }
+
+ private:
+  void Grow(std::size_t need) {
+    std::size_t capacity = capacity_ ? capacity_ * 2 : 64;
+    while (capacity < need) capacity *= 2;
+    data_ = static_cast<T*>(GrowPlainBlock(data_, capacity_ * sizeof(T), capacity * sizeof(T)));
+    capacity_ = capacity;
+  }
+  T* data_ = nullptr;
+  std::size_t size_ = 0, capacity_ = 0;
+};
+
+// A value waiting to be written. Text of up to eight bytes is held in the cell;
+// longer text lives in its batch's text buffer and a double array in its batch's
+// array list, where `at` locates them.
+struct PendingCell {
+  static constexpr std::size_t kInline = 8;
+  union {
+    std::int64_t integer;
+    double real;
+    std::size_t at;
+    char chars[kInline];
+  };
+  std::uint32_t size;  // bytes of text
+  CellKind kind;       // Blob: a double array
+};
+static_assert(sizeof(PendingCell) == 16);
+
+// The table and the columns, in the order they were set, that a row writes.
+struct RowShape {
   std::string table;
-  std::vector<std::pair<std::string, Cell>> cells;
+  std::vector<std::string> columns;
 };
-// A batch grows row by row to any length: a deque never moves the rows it holds.
-using PendingRows = std::deque<PendingRow>;
 
-// Rows of the same table with the same columns in the same order: one prepared
-// insert serves them all.
-bool SameShape(const PendingRow& a, const PendingRow& b);
+// Rows waiting to be written, stored flat: the cells of every row in one
+// array, long text in one buffer, each distinct shape once, and the rows as
+// runs: consecutive rows of the same table with the same columns in the same
+// order, which one prepared insert serves. A batch grows to any length without
+// an allocation per row.
+class PendingRows {
+ public:
+  bool empty() const { return size() == 0; }
+  std::size_t size() const { return rows_ + (open_ ? 1 : 0); }
+  const RowShape& Shape(std::size_t row) const { return shapes_[RunOf(row).shape]; }
+  // One past the last row of the run `row` belongs to.
+  std::size_t RunEnd(std::size_t row) const;
+  std::span<const PendingCell> Cells(std::size_t row) const;
+  std::string_view Text(const PendingCell& cell) const {
+    return cell.size <= PendingCell::kInline ? std::string_view(cell.chars, cell.size)
+                                             : std::string_view(text_.data() + cell.at, cell.size);
+  }
+  const Variant& Array(const PendingCell& cell) const { return arrays_[cell.at]; }
+
+  // Begins a row of `table`; the row before it is complete.
+  void StartRow(const std::string& table);
+  // Sets a column of the row begun last (without one, or without a column,
+  // nothing happens); a column set again (names ignore case) keeps the last value.
+  void SetNull(const char* column) { Slot(column); }
+  void SetInteger(const char* column, std::int64_t value);
+  void SetReal(const char* column, double value);
+  void SetText(const char* column, std::string_view value);
+  void SetArray(const char* column, const Variant& value);
+  // Completes the row begun last; the batch is then ready to be written.
+  void Seal();
+  void clear();
+  void swap(PendingRows& other) noexcept;
+
+ private:
+  struct Run {
+    std::size_t firstRow, firstCell, shape;
+  };
+  const Run& RunOf(std::size_t row) const;
+  // The open row's cell for the column; null for no column or no open row.
+  PendingCell* Slot(const char* column);
+
+  std::vector<RowShape> shapes_;
+  std::vector<Run> runs_;
+  std::size_t rows_ = 0;  // sealed rows
+  PlainArray<PendingCell> cells_;
+  PlainArray<char> text_;
+  std::vector<Variant> arrays_;
+  // The open row: while it sets the columns of the row before in the same
+  // order (`following`), its names are that row's; otherwise they are kept here.
+  bool open_ = false;
+  bool following_ = false;
+  std::size_t openFirst_ = 0;  // its first cell
+  std::string openTable_;
+  std::vector<std::string> openColumns_;
+};
+
 // "insert into <table> (<c1>, <c2>) values (<p1>, <p2>)", or "insert into
 // <table> default values" for a row without cells. `column` spells a column
 // for the engine (null: as given); `mark` spells the k-th parameter, counting
 // from 0 (null: "?").
-std::string InsertText(const PendingRow& row, std::string (*column)(const std::string&) = nullptr,
+std::string InsertText(const RowShape& row, std::string (*column)(const std::string&) = nullptr,
                        std::string (*mark)(std::size_t) = nullptr);
 
 // A new project database loaded from a backup script: what the catalogue's

@@ -14,10 +14,7 @@ bool ReadValue(const CDbManage& db, const char* column, char& value) { return db
 bool ReadValue(const CDbManage& db, const char* column, Variant& value) { return db.GetFieldValue(column, value); }
 
 bool ReadValue(const CDbManage& db, const char* column, std::vector<double>& value) {
-  Variant v;
-  if (!db.GetFieldValue(column, v)) return false;
-  VariantToDoubleArray(v, value);
-  return true;
+  return db.GetFieldValue(column, value);
 }
 
 bool ReadValue(const CDbManage& db, const char* column, DateTime& value) {

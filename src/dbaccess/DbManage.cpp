@@ -5,6 +5,7 @@
 #include <cctype>
 #include <chrono>
 #include <cmath>
+#include <cstdint>
 #include <cstring>
 #include <limits>
 #include <optional>
@@ -15,11 +16,9 @@
 #include "dbaccess/SqlText.h"
 #include "dbaccess/Trace.h"
 
-using petrodb::db::Cell;
 using petrodb::db::CellKind;
 using petrodb::db::Connection;
 using petrodb::db::Cursor;
-using petrodb::db::PendingRow;
 using petrodb::db::PendingRows;
 using petrodb::db::Group;
 
@@ -305,14 +304,25 @@ struct CDbManage::Impl {
     petrodb::db::SetLastError(error);
   }
 
+  // A column's name against a wanted one, ignoring ASCII case, without measuring the wanted one first.
+  static bool SameName(std::string_view column, const char* wanted) {
+    for (const char c : column) {
+      char w = *wanted++;
+      if (w == c) continue;
+      if (w >= 'A' && w <= 'Z') w = static_cast<char>(w - 'A' + 'a');
+      const char lower = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+      if (w != lower) return false;  // also where the wanted name ends early
+    }
+    return *wanted == '\0';
+  }
+
   int ColumnIndex(const char* name) const {
     if (!cursor || !name) return -1;
-    const std::string_view wanted(name);
     const int n = cursor->ColumnCount();
     const int hint = lastColumn + 1;
-    if (hint < n && petrodb::sql::EqualsIgnoreCase(cursor->ColumnName(hint), wanted)) return lastColumn = hint;
+    if (hint < n && SameName(cursor->ColumnName(hint), name)) return lastColumn = hint;
     for (int i = 0; i < n; ++i)
-      if (petrodb::sql::EqualsIgnoreCase(cursor->ColumnName(i), wanted)) return lastColumn = i;
+      if (SameName(cursor->ColumnName(i), name)) return lastColumn = i;
     return -1;
   }
 
@@ -326,36 +336,15 @@ struct CDbManage::Impl {
     return kind == CellKind::Null ? -1 : i;
   }
 
-  // Rows of a batch usually set the same columns in the same order as the row
-  // before; while they do, a column cannot be a repeat and needs no search.
-  bool followsPrevious = false;
-
-  void StartRow() {
-    pending.push_back(PendingRow{saveTable, {}});
-    rowOpen = true;
-    followsPrevious = pending.size() >= 2 && pending[pending.size() - 2].table == saveTable;
-    if (followsPrevious) pending.back().cells.reserve(pending[pending.size() - 2].cells.size());
+  // The row to set a column of: the one begun last, or a new one.
+  PendingRows& Row(const char* column) {
+    if (column && !rowOpen) StartRow();
+    return pending;
   }
 
-  void Set(const char* column, Cell value) {
-    if (!column) return;
-    if (!rowOpen) StartRow();
-    auto& cells = pending.back().cells;
-    if (followsPrevious) {
-      const auto& previous = pending[pending.size() - 2].cells;
-      const std::size_t k = cells.size();
-      if (k < previous.size() && previous[k].first == column) {
-        cells.emplace_back(previous[k].first, std::move(value));
-        return;
-      }
-      followsPrevious = false;
-    }
-    for (auto& [name, cell] : cells)
-      if (petrodb::sql::EqualsIgnoreCase(name, column)) {
-        cell = std::move(value);
-        return;
-      }
-    cells.emplace_back(column, std::move(value));
+  void StartRow() {
+    pending.StartRow(saveTable);
+    rowOpen = true;
   }
 
   // A failed save undoes the operation's writes. The owner's save ends its
@@ -371,6 +360,7 @@ struct CDbManage::Impl {
   bool Flush() {
     CloseCursor();
     rowOpen = false;
+    pending.Seal();
     PendingRows rows;
     rows.swap(pending);
     std::string error;
@@ -397,11 +387,10 @@ struct CDbManage::Impl {
       // One event per run of rows of one shape: the insert the engine ran for it.
       std::size_t run = 0;
       for (std::size_t i = 0; i < rows.size(); ++run) {
-        std::size_t j = i + 1;
-        while (j < rows.size() && petrodb::db::SameShape(rows[i], rows[j])) ++j;
+        const std::size_t j = rows.RunEnd(i);
         if (inserted && run >= ran.size()) break;  // not reached before the failure
         const bool last = !inserted || run + 1 == ran.size();
-        const std::string text = petrodb::db::InsertText(rows[i]);
+        const std::string text = petrodb::db::InsertText(rows.Shape(i));
         Trace(watch, text, run < ran.size() ? ran[run] : text, "SaveData", ok ? 1 : 0, ok || !last ? "" : error);
         if (!inserted) break;
         i = j;
@@ -519,19 +508,31 @@ bool CDbManage::GetFieldValue(const char* column, char& value) const {
   return true;
 }
 
-bool CDbManage::GetFieldValue(const char* column, Variant& value) const {
+bool CDbManage::GetFieldValue(const char* column, std::vector<double>& values) const {
   CellKind kind;
   const int i = impl_->Field(column, kind);
   if (i < 0 || kind != CellKind::Blob) return false;
   const auto bytes = impl_->cursor->Blob(i);
-  std::vector<double> values(bytes.size() / sizeof(double));
-  if (!values.empty()) std::memcpy(values.data(), bytes.data(), values.size() * sizeof(double));
+  const std::size_t count = bytes.size() / sizeof(double);
+  if (reinterpret_cast<std::uintptr_t>(bytes.data()) % alignof(double) == 0) {
+    const auto* first = reinterpret_cast<const double*>(bytes.data());
+    values.assign(first, first + count);  // one pass, no zero fill first
+  } else {
+    values.resize(count);
+    if (count) std::memcpy(values.data(), bytes.data(), count * sizeof(double));
+  }
   if constexpr (std::endian::native == std::endian::big) {
     for (double& d : values) {
       auto* b = reinterpret_cast<unsigned char*>(&d);
       std::reverse(b, b + sizeof(double));
     }
   }
+  return true;
+}
+
+bool CDbManage::GetFieldValue(const char* column, Variant& value) const {
+  std::vector<double> values;
+  if (!GetFieldValue(column, values)) return false;
   value = Variant(std::move(values));
   return true;
 }
@@ -548,30 +549,31 @@ bool CDbManage::BeginSaveData(const char* table) {
 void CDbManage::AddNew() { impl_->StartRow(); }
 
 void CDbManage::SetFieldValue(const char* column, const char* value) {
-  if (!value) {
-    impl_->Set(column, std::monostate{});
-    return;
-  }
-  impl_->Set(column, petrodb::db::TextValue{value});
+  if (!value)
+    impl_->Row(column).SetNull(column);
+  else
+    impl_->Row(column).SetText(column, value);
 }
 void CDbManage::SetFieldValue(const char* column, const std::string& value) {
-  impl_->Set(column, petrodb::db::TextValue{value});
+  impl_->Row(column).SetText(column, value);
 }
-void CDbManage::SetFieldValue(const char* column, double value) { impl_->Set(column, value); }
-void CDbManage::SetFieldValue(const char* column, float value) { impl_->Set(column, static_cast<double>(value)); }
-void CDbManage::SetFieldValue(const char* column, int value) { impl_->Set(column, static_cast<std::int64_t>(value)); }
-void CDbManage::SetFieldValue(const char* column, long value) { impl_->Set(column, static_cast<std::int64_t>(value)); }
+void CDbManage::SetFieldValue(const char* column, double value) { impl_->Row(column).SetReal(column, value); }
+void CDbManage::SetFieldValue(const char* column, float value) {
+  impl_->Row(column).SetReal(column, static_cast<double>(value));
+}
+void CDbManage::SetFieldValue(const char* column, int value) { impl_->Row(column).SetInteger(column, value); }
+void CDbManage::SetFieldValue(const char* column, long value) { impl_->Row(column).SetInteger(column, value); }
 void CDbManage::SetFieldValue(const char* column, char value) {
-  impl_->Set(column, petrodb::db::TextValue{std::string(1, value)});
+  impl_->Row(column).SetText(column, std::string_view(&value, 1));
 }
 void CDbManage::SetFieldValue(const char* column, const DateTime& value) {
-  impl_->Set(column, petrodb::db::TextValue{value.ToIsoText()});
+  impl_->Row(column).SetText(column, value.ToIsoText());
 }
 void CDbManage::SetFieldValue(const char* column, const Variant& value) {
   if (value.IsNull())
-    impl_->Set(column, std::monostate{});
+    impl_->Row(column).SetNull(column);
   else
-    impl_->Set(column, value);
+    impl_->Row(column).SetArray(column, value);
 }
 
 bool CDbManage::SaveData() {

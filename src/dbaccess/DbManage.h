@@ -51,6 +51,7 @@
 // failed statement's trace event.
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "petrodb/DateTime.h"
 #include "petrodb/Variant.h"
@@ -101,6 +102,8 @@ class CDbManage {
   bool GetFieldValue(const char* column, int& value) const;
   bool GetFieldValue(const char* column, char& value) const;
   bool GetFieldValue(const char* column, Variant& value) const;
+  // A double-array field straight into `value` (no Variant between).
+  bool GetFieldValue(const char* column, std::vector<double>& value) const;
 
   // Prepares to append rows to `table`; false when the table does not exist.
   bool BeginSaveData(const char* table);

@@ -169,11 +169,10 @@ std::string UnwrapDateLiteral(const std::string& text) {
   return IsDateTimeShape(inside) || IsDateOnlyShape(inside) ? inside : text;
 }
 
-std::string DateColumnValue(const std::string& table, const std::string& column, const std::string& text) {
-  if (text.size() < 2 || (text.front() != '#' && text.front() != '\'')) return text;
+bool IsDateColumn(const std::string& table, const std::string& column) {
   const schema::Table* t = schema::Builtin().FindTable(table);
   const schema::Column* c = t ? t->FindColumn(column) : nullptr;
-  return c && c->type == schema::Type::Date ? UnwrapDateLiteral(text) : text;
+  return c && c->type == schema::Type::Date;
 }
 
 std::string NormaliseDateText(const std::string& given, bool dateOnlyToo) {

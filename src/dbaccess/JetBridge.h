@@ -29,9 +29,13 @@ std::string NormaliseDateText(const std::string& text, bool dateOnlyToo);
 // inside its delimiters. Any other text comes back unchanged.
 std::string UnwrapDateLiteral(const std::string& text);
 
-// The value a date column of `table` stores for a text: a date literal given as
-// a value loses its delimiters; any other text, or a column that is not a date
-// column of the table, keeps its text. Cheap for text that is no literal.
-std::string DateColumnValue(const std::string& table, const std::string& column, const std::string& text);
+// True when the schema declares `column` of `table` as a date.
+bool IsDateColumn(const std::string& table, const std::string& column);
+
+// A text that may be a date literal given as a value: at least two characters,
+// the first a '#' or a quote.
+inline bool IsDelimitedText(std::string_view text) {
+  return text.size() >= 2 && (text.front() == '#' || text.front() == '\'');
+}
 
 }  // namespace petrodb::db

@@ -345,10 +345,8 @@ class PgConnection final : public Connection {
     }
     if (!own) clean_ = false;
     for (std::size_t i = 0; i < rows.size();) {
-      std::size_t j = i + 1;
-      while (j < rows.size() && SameShape(rows[i], rows[j])) ++j;
-      const bool ok = (j - i >= kCopyThreshold && !rows[i].cells.empty()) ? Copy(rows, i, j, ran, error)
-                                                                           : InsertEach(rows, i, j, ran, error);
+      const std::size_t j = rows.RunEnd(i);
+      const bool ok = UseCopy(rows, i, j) ? Copy(rows, i, j, ran, error) : InsertEach(rows, i, j, ran, error);
       if (!ok) {
         if (own) {
           std::string ignored;
@@ -809,22 +807,44 @@ class PgConnection final : public Connection {
 
   static std::string Parameter(std::size_t k) { return "$" + std::to_string(k + 1); }
 
-  static std::string CellText(const PendingRow& row, std::size_t k) {
-    const Cell& cell = row.cells[k].second;
-    if (const auto* i = std::get_if<std::int64_t>(&cell)) return std::to_string(*i);
-    if (const auto* d = std::get_if<double>(&cell)) return pg::DoubleText(*d);
-    if (const auto* t = std::get_if<TextValue>(&cell))  // the server reads date columns itself
-      return DateColumnValue(row.table, row.cells[k].first, t->text);
-    return {};
+  // Which columns of a shape are date columns of its table: the server reads
+  // their text itself once a date literal's delimiters are gone.
+  static std::vector<char> DateFlags(const RowShape& shape) {
+    std::vector<char> flags(shape.columns.size());
+    for (std::size_t k = 0; k < flags.size(); ++k) flags[k] = IsDateColumn(shape.table, shape.columns[k]);
+    return flags;
+  }
+
+  static std::string_view CellText(const PendingRows& rows, const PendingCell& cell, bool date, std::string& out) {
+    switch (cell.kind) {
+      case CellKind::Integer: return out = std::to_string(cell.integer);
+      case CellKind::Real: return out = pg::DoubleText(cell.real);
+      case CellKind::Text: {
+        const std::string_view text = rows.Text(cell);
+        if (!date || !IsDelimitedText(text)) return text;
+        return out = UnwrapDateLiteral(std::string(text));
+      }
+      default: return {};
+    }
+  }
+
+  // COPY for a long run of rows with columns, unless they carry double arrays:
+  // those travel faster as binary parameters than as hex text.
+  static bool UseCopy(const PendingRows& rows, std::size_t from, std::size_t to) {
+    if (to - from < kCopyThreshold || rows.Shape(from).columns.empty()) return false;
+    for (const PendingCell& cell : rows.Cells(from))
+      if (cell.kind == CellKind::Blob) return false;
+    return true;
   }
 
   // Rows one by one through a statement prepared once per connection; arrays
   // travel as binary parameters.
   bool InsertEach(const PendingRows& rows, std::size_t from, std::size_t to,
                   std::vector<std::string>& ran, std::string& error) {
-    const std::string text = InsertText(rows[from], &pg::ColumnIdentifier, &Parameter);
+    const RowShape& shape = rows.Shape(from);
+    const std::string text = InsertText(shape, &pg::ColumnIdentifier, &Parameter);
     ran.push_back(text);
-    const std::size_t n = rows[from].cells.size();
+    const std::size_t n = shape.columns.size();
     std::string& name = prepared_[text];
     if (name.empty()) {
       const std::string candidate = "petrodb_" + std::to_string(++preparedCounter_);
@@ -838,24 +858,28 @@ class PgConnection final : public Connection {
       }
       name = candidate;
     }
+    const std::vector<char> dates = DateFlags(shape);
+    std::string scratch;
     std::vector<std::string> texts(n);
     std::vector<const char*> values(n);
     std::vector<int> lengths(n), formats(n);
     for (std::size_t i = from; i < to; ++i) {
-      const PendingRow& row = rows[i];
+      const auto cells = rows.Cells(i);
       for (std::size_t k = 0; k < n; ++k) {
-        const Cell& cell = row.cells[k].second;
+        const PendingCell& cell = cells[k];
         formats[k] = 0;
         lengths[k] = 0;
-        if (std::holds_alternative<std::monostate>(cell)) {
+        if (cell.kind == CellKind::Null) {
           values[k] = nullptr;
-        } else if (const auto* v = std::get_if<Variant>(&cell)) {
+        } else if (cell.kind == CellKind::Blob) {
           static const char kEmpty = 0;
-          values[k] = v->Size() ? reinterpret_cast<const char*>(v->Data()) : &kEmpty;
-          lengths[k] = static_cast<int>(v->Size() * sizeof(double));
+          const Variant& v = rows.Array(cell);
+          values[k] = v.Size() ? reinterpret_cast<const char*>(v.Data()) : &kEmpty;
+          lengths[k] = static_cast<int>(v.Size() * sizeof(double));
           formats[k] = 1;
         } else {
-          texts[k] = CellText(row, k);
+          // Text parameters end at their NUL: each value gets its own terminated copy.
+          texts[k].assign(CellText(rows, cell, dates[k], scratch));
           values[k] = texts[k].c_str();
         }
       }
@@ -874,9 +898,9 @@ class PgConnection final : public Connection {
   // A long run of rows with the same columns through COPY, in text format.
   bool Copy(const PendingRows& rows, std::size_t from, std::size_t to, std::vector<std::string>& ran,
             std::string& error) {
-    const PendingRow& first = rows[from];
-    std::string text = "copy " + first.table + " (";
-    for (std::size_t k = 0; k < first.cells.size(); ++k) text += (k ? ", " : "") + pg::ColumnIdentifier(first.cells[k].first);
+    const RowShape& shape = rows.Shape(from);
+    std::string text = "copy " + shape.table + " (";
+    for (std::size_t k = 0; k < shape.columns.size(); ++k) text += (k ? ", " : "") + pg::ColumnIdentifier(shape.columns[k]);
     text += ") from stdin";
     ran.push_back(text);
     ResultHandle start;
@@ -885,25 +909,29 @@ class PgConnection final : public Connection {
       if (start) error = Explain(start.get());
       return false;
     }
-    std::string buffer;
+    const std::vector<char> dates = DateFlags(shape);
+    std::string buffer, scratch;
     buffer.reserve(kCopyChunk + 4096);
     bool sent = true;
     for (std::size_t i = from; i < to && sent; ++i) {
-      const PendingRow& row = rows[i];
-      for (std::size_t k = 0; k < row.cells.size(); ++k) {
+      const auto cells = rows.Cells(i);
+      for (std::size_t k = 0; k < cells.size(); ++k) {
         if (k) buffer += '\t';
-        const Cell& cell = row.cells[k].second;
-        if (std::holds_alternative<std::monostate>(cell)) {
-          buffer += "\\N";
-        } else if (const auto* v = std::get_if<Variant>(&cell)) {
-          pg::AppendCopyBytea(buffer, v->Data(), v->Size() * sizeof(double));
-        } else if (const auto* t = std::get_if<TextValue>(&cell)) {
-          pg::AppendCopyText(buffer, DateColumnValue(row.table, row.cells[k].first, t->text));
-        } else if (const auto* d = std::get_if<double>(&cell)) {
-          pg::AppendDouble(buffer, *d);
-        } else if (const auto* n = std::get_if<std::int64_t>(&cell)) {
-          char digits[24];
-          buffer.append(digits, std::to_chars(digits, digits + sizeof digits, *n).ptr);
+        const PendingCell& cell = cells[k];
+        switch (cell.kind) {
+          case CellKind::Null: buffer += "\\N"; break;
+          case CellKind::Blob: {
+            const Variant& v = rows.Array(cell);
+            pg::AppendCopyBytea(buffer, v.Data(), v.Size() * sizeof(double));
+            break;
+          }
+          case CellKind::Text: pg::AppendCopyText(buffer, CellText(rows, cell, dates[k], scratch)); break;
+          case CellKind::Real: pg::AppendDouble(buffer, cell.real); break;
+          case CellKind::Integer: {
+            char digits[24];
+            buffer.append(digits, std::to_chars(digits, digits + sizeof digits, cell.integer).ptr);
+            break;
+          }
         }
       }
       buffer += '\n';

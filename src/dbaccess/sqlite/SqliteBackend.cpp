@@ -267,19 +267,15 @@ class SqliteConnection final : public Connection {
   }
 
   bool Insert(const PendingRows& rows, std::vector<std::string>& ran, std::string& error) override {
-    lastInsert_ = nullptr;
     const bool own = !InTransaction();
     if (own && !Begin(error)) return false;
     bool ok = true;
-    for (std::size_t i = 0; i < rows.size() && ok; ++i) {
-      const bool sameRun = i > 0 && SameShape(rows[i], rows[i - 1]);
-      if (!sameRun) {
-        ReleaseInsert();
-        ran.push_back(InsertText(rows[i]));
-      }
-      ok = InsertRow(rows[i], sameRun, error);
+    for (std::size_t i = 0; i < rows.size() && ok;) {
+      const std::size_t end = rows.RunEnd(i);
+      ran.push_back(InsertText(rows.Shape(i)));
+      ok = InsertRun(rows, i, end, ran.back(), error);
+      i = end;
     }
-    ReleaseInsert();
     if (!ok) {
       if (own) Rollback();
       return false;
@@ -364,55 +360,65 @@ class SqliteConnection final : public Connection {
     return dateColumns_.emplace(key, std::move(columns)).first->second;
   }
 
-  // A cached insert keeps no values that point into rows about to go.
-  void ReleaseInsert() {
-    if (lastInsert_) sqlite3_clear_bindings(lastInsert_);
-    lastInsert_ = nullptr;
-  }
-
-  // Rows of the same table and columns as the row before reuse its statement.
-  bool InsertRow(const PendingRow& row, bool sameRun, std::string& error) {
-    if (row.cells.empty()) return Execute(InsertText(row), error);
+  // A run of rows of one shape through one prepared insert, every parameter
+  // bound by its position.
+  bool InsertRun(const PendingRows& rows, std::size_t from, std::size_t to, const std::string& text,
+                 std::string& error) {
+    const RowShape& shape = rows.Shape(from);
+    if (shape.columns.empty()) {
+      for (std::size_t i = from; i < to; ++i)
+        if (!Execute(text, error)) return false;
+      return true;
+    }
     StmtHandle owned;
-    sqlite3_stmt* stmt = nullptr;
-    if (sameRun && lastInsert_) {
-      stmt = lastInsert_;
-    } else {
-      stmt = Prepare(InsertText(row), owned, error);
-      if (!stmt) return false;
-      lastInsert_ = owned ? nullptr : stmt;
-      lastDates_ = &DateColumns(row.table);
-    }
-    const auto& dates = *lastDates_;
-    for (std::size_t k = 0; k < row.cells.size(); ++k) {
-      const int slot = static_cast<int>(k) + 1;
-      const Cell& cell = row.cells[k].second;
-      if (const auto* i = std::get_if<std::int64_t>(&cell)) {
-        sqlite3_bind_int64(stmt, slot, *i);
-      } else if (const auto* d = std::get_if<double>(&cell)) {
-        sqlite3_bind_double(stmt, slot, *d);
-      } else if (const auto* t = std::get_if<TextValue>(&cell)) {
-        // Only a date column's text is put in the stored form; other text is kept byte for byte.
-        if (!dates.empty() && dates.count(sql::AsciiLower(row.cells[k].first))) {
-          const std::string normal = NormaliseDateText(t->text, true);
-          sqlite3_bind_text(stmt, slot, normal.c_str(), static_cast<int>(normal.size()), SQLITE_TRANSIENT);
-        } else {
-          sqlite3_bind_text(stmt, slot, t->text.c_str(), static_cast<int>(t->text.size()), SQLITE_STATIC);
+    sqlite3_stmt* stmt = Prepare(text, owned, error);
+    if (!stmt) return false;
+    // Only a date column's text is put in the stored form; other text is kept byte for byte.
+    const auto& dates = DateColumns(shape.table);
+    std::vector<char> isDate(shape.columns.size(), 0);
+    if (!dates.empty())
+      for (std::size_t k = 0; k < isDate.size(); ++k) isDate[k] = dates.count(sql::AsciiLower(shape.columns[k])) != 0;
+    bool ok = true;
+    for (std::size_t i = from; i < to && ok; ++i) {
+      const auto cells = rows.Cells(i);
+      for (std::size_t k = 0; k < cells.size(); ++k) {
+        const int slot = static_cast<int>(k) + 1;
+        const PendingCell& cell = cells[k];
+        switch (cell.kind) {
+          case CellKind::Integer: sqlite3_bind_int64(stmt, slot, cell.integer); break;
+          case CellKind::Real: sqlite3_bind_double(stmt, slot, cell.real); break;
+          case CellKind::Text: {
+            const std::string_view t = rows.Text(cell);
+            if (isDate[k]) {
+              const std::string normal = NormaliseDateText(std::string(t), true);
+              sqlite3_bind_text(stmt, slot, normal.data(), static_cast<int>(normal.size()), SQLITE_TRANSIENT);
+            } else {
+              sqlite3_bind_text64(stmt, slot, t.data(), t.size(), SQLITE_STATIC, SQLITE_UTF8);
+            }
+            break;
+          }
+          case CellKind::Blob: {
+            const Variant& v = rows.Array(cell);
+            if (v.Size() == 0)
+              sqlite3_bind_zeroblob(stmt, slot, 0);
+            else
+              sqlite3_bind_blob64(stmt, slot, v.Data(), v.Size() * sizeof(double), SQLITE_STATIC);
+            break;
+          }
+          case CellKind::Null: sqlite3_bind_null(stmt, slot); break;
         }
-      } else if (const auto* v = std::get_if<Variant>(&cell)) {
-        if (v->Size() == 0)
-          sqlite3_bind_zeroblob(stmt, slot, 0);
-        else
-          sqlite3_bind_blob64(stmt, slot, v->Data(), v->Size() * sizeof(double), SQLITE_STATIC);
-      } else {
-        sqlite3_bind_null(stmt, slot);
       }
+      // Every parameter is bound again for each row: no need to clear them.
+      const int rc = sqlite3_step(stmt);
+      if (rc != SQLITE_DONE) {
+        error = Explain(db_.get(), path_);
+        ok = false;
+      }
+      sqlite3_reset(stmt);
     }
-    // Every parameter is bound again for each row: no need to clear them.
-    const int rc = sqlite3_step(stmt);
-    if (rc != SQLITE_DONE) error = Explain(db_.get(), path_);
-    sqlite3_reset(stmt);
-    return rc == SQLITE_DONE;
+    // A cached insert keeps no values that point into rows about to go.
+    sqlite3_clear_bindings(stmt);
+    return ok;
   }
 
   DbHandle db_;
@@ -424,8 +430,6 @@ class SqliteConnection final : public Connection {
   StatementCache cache_;
   mutable std::unordered_map<std::string, std::string> rewritten_;
   std::map<std::string, std::set<std::string>> dateColumns_;
-  sqlite3_stmt* lastInsert_ = nullptr;  // valid within one Insert call
-  const std::set<std::string>* lastDates_ = nullptr;
   bool began_ = false;
 };
 
