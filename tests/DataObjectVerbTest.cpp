@@ -131,7 +131,7 @@ TEST_F(DataObjectVerbTest, AMissingTableShowsItsMessageAndWritesNothing) {
 
 TEST_F(DataObjectVerbTest, AKeyWithAQuoteOrNulIsRefusedBeforeAnyWrite) {
   Insert("W1", "one", "1", "1");
-  for (const std::string key : {std::string("W1' or ''='"), std::string("W1\0x", 4)}) {
+  for (const std::string& key : {std::string("W1' or ''='"), std::string("W1\0x", 4)}) {
     sql_.clear();
     const Row row{key, "bad", 1, 1, '0'};
     EXPECT_FALSE(verbs_.Replace({"w_well_data"}, kDelete(key), [&](CDbManage& db) { kRows.AddRow(db, row); }));

@@ -229,7 +229,7 @@ TEST_F(PostgresTest, CreateProjectDatabaseRestoresTheBackupOnceOnly) {
   const std::string name = "petrodb_new_" + std::to_string(::getpid());
   auto projects = Make<IBasicProjectData>("IBasicProjectData");
   int begun = 0, ended = 0;
-  SetProgressHandler({[&](const std::string&) { ++begun; }, [&] { ++ended; }});
+  SetProgressHandler({[&](const std::string&) { ++begun; }, [&] { ++ended; }, {}});
   sql_.clear();
   const bool created = projects->CreateProjectDatabase(name.c_str(), server.c_str());
   const auto events = sql_.events();
