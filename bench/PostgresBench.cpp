@@ -263,11 +263,7 @@ void PgLoadWells_petrodb(benchmark::State& state) {
   BenchServer* p = Server(state);
   if (!p) return;
   p->FillWells();
-  petrodb::bench::DataObject<IBasicWellData> wells("IBasicWellData", p->connection);
-  std::vector<WellRecord> records;
-  for (auto _ : state)
-    if (!wells->LoadProjectWells("G", records) || records.size() != petrodb::bench::kGrowthWells)
-      state.SkipWithError("wells lost");
+  petrodb::bench::TimeLoadWells(state, p->connection);
 }
 void PgLoadWells_raw(benchmark::State& state) {
   BenchServer* p = Server(state);
@@ -299,17 +295,9 @@ void PgLoadWells_raw(benchmark::State& state) {
 
 // A well's 20 curves of 50,000 samples saved and loaded again, against libpq
 // replacing the same rows in one transaction and reading them back in binary.
-constexpr int kSamples = 50000;
+constexpr int kSamples = petrodb::bench::kLogSamples;
 void PgWellLog_petrodb(benchmark::State& state) {
-  BenchServer* p = Server(state);
-  if (!p) return;
-  petrodb::bench::DataObject<ILogData> logs("ILogData", p->connection);
-  const WellLog log = petrodb::bench::MakeLog("L", kSamples);
-  WellLog back;
-  for (auto _ : state)
-    if (!logs->SaveWellLog(log) || !logs->LoadWellLog("L", back) || back.Curves.size() != 20 ||
-        back.Curves[19].Values.size() != static_cast<std::size_t>(kSamples))
-      state.SkipWithError("log lost");
+  if (BenchServer* p = Server(state)) petrodb::bench::TimeWellLog(state, p->connection);
 }
 void PgWellLog_raw(benchmark::State& state) {
   BenchServer* p = Server(state);
@@ -343,19 +331,12 @@ void PgWellLog_raw(benchmark::State& state) {
 }
 
 // Every marker of 1,000 wells loaded, against the same select read by index.
-constexpr std::size_t kAllMarkers = petrodb::bench::kMarkerWells * petrodb::bench::kMarkersPerWell;
+using petrodb::bench::kAllMarkers;
 void PgLoadMarkers_petrodb(benchmark::State& state) {
   BenchServer* p = Server(state);
   if (!p) return;
   p->FillMarkers();
-  petrodb::bench::DataObject<IMarkerData> markers("IMarkerData", p->connection);
-  const auto ids = petrodb::bench::MarkerWellIds();
-  std::vector<MarkerRecord> records;
-  for (auto _ : state) {
-    records.clear();
-    if (!markers->LoadMarkersOfWells(ids, records) || records.size() != kAllMarkers)
-      state.SkipWithError("markers lost");
-  }
+  petrodb::bench::TimeLoadMarkers(state, p->connection);
 }
 void PgLoadMarkers_raw(benchmark::State& state) {
   BenchServer* p = Server(state);
@@ -383,18 +364,7 @@ void PgLoadMarkers_raw(benchmark::State& state) {
 // A 20,000-node network replaced and loaded again, against libpq running the
 // same delete, inserts (one prepared statement) and select; the hierarchy is not timed.
 void PgNetwork_petrodb(benchmark::State& state) {
-  BenchServer* p = Server(state);
-  if (!p) return;
-  petrodb::bench::DataObject<INode> nodes("INode", p->connection);
-  const auto network = petrodb::bench::MakeNetwork();
-  std::vector<NodeRecord> back;
-  for (auto _ : state)
-    if (!nodes->DeletePipenetNodes("net") || !nodes->SaveNodes("net", network) || !nodes->LoadNodes("net", back) ||
-        back.size() != network.size())
-      state.SkipWithError("nodes lost");
-  std::vector<NodeRecord> top, children;
-  if (!nodes->LoadTopNodes(top) || top.size() != 1 || !nodes->LoadChildNodes(top[0], children) || children.size() != 4)
-    state.SkipWithError("hierarchy lost");
+  if (BenchServer* p = Server(state)) petrodb::bench::TimeNetwork(state, p->connection);
 }
 void PgNetwork_raw(benchmark::State& state) {
   BenchServer* p = Server(state);

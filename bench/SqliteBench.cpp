@@ -290,11 +290,7 @@ void FillWells(BenchProject& p) {
 void LoadWells_petrodb(benchmark::State& state) {
   auto& p = Project();
   FillWells(p);
-  petrodb::bench::DataObject<IBasicWellData> wells("IBasicWellData", p.connection);
-  std::vector<WellRecord> records;
-  for (auto _ : state)
-    if (!wells->LoadProjectWells("G", records) || records.size() != petrodb::bench::kGrowthWells)
-      state.SkipWithError("wells lost");
+  petrodb::bench::TimeLoadWells(state, p.connection);
 }
 void LoadWells_raw(benchmark::State& state) {
   auto& p = Project();
@@ -326,18 +322,8 @@ void LoadWells_raw(benchmark::State& state) {
 
 // A well's 20 curves of 50,000 samples saved and loaded again, against the raw
 // engine replacing the same rows in one transaction and reading them back.
-constexpr int kSamples = 50000;
-void WellLog_petrodb(benchmark::State& state) {
-  auto& p = Project();
-  petrodb::bench::DataObject<ILogData> logs("ILogData", p.connection);
-  const WellLog log = petrodb::bench::MakeLog("L", kSamples);
-  WellLog back;
-  for (auto _ : state) {
-    if (!logs->SaveWellLog(log) || !logs->LoadWellLog("L", back) || back.Curves.size() != 20 ||
-        back.Curves[19].Values.size() != static_cast<std::size_t>(kSamples))
-      state.SkipWithError("log lost");
-  }
-}
+constexpr int kSamples = petrodb::bench::kLogSamples;
+void WellLog_petrodb(benchmark::State& state) { petrodb::bench::TimeWellLog(state, Project().connection); }
 void WellLog_raw(benchmark::State& state) {
   auto& p = Project();
   const WellLog log = petrodb::bench::MakeLog("L", kSamples);
@@ -394,18 +380,11 @@ void FillMarkers(BenchProject& p) {
   sqlite3_finalize(s);
   sqlite3_exec(p.raw, "commit", nullptr, nullptr, nullptr);
 }
-constexpr std::size_t kAllMarkers = petrodb::bench::kMarkerWells * petrodb::bench::kMarkersPerWell;
+using petrodb::bench::kAllMarkers;
 void LoadMarkers_petrodb(benchmark::State& state) {
   auto& p = Project();
   FillMarkers(p);
-  petrodb::bench::DataObject<IMarkerData> markers("IMarkerData", p.connection);
-  const auto ids = petrodb::bench::MarkerWellIds();
-  std::vector<MarkerRecord> records;
-  for (auto _ : state) {
-    records.clear();
-    if (!markers->LoadMarkersOfWells(ids, records) || records.size() != kAllMarkers)
-      state.SkipWithError("markers lost");
-  }
+  petrodb::bench::TimeLoadMarkers(state, p.connection);
 }
 void LoadMarkers_raw(benchmark::State& state) {
   auto& p = Project();
@@ -434,20 +413,7 @@ void LoadMarkers_raw(benchmark::State& state) {
 // A 20,000-node network replaced and loaded again, against the raw engine
 // running the same delete, inserts and select (the hierarchy petrodb then
 // answers from has no raw twin and is not timed).
-void Network_petrodb(benchmark::State& state) {
-  auto& p = Project();
-  petrodb::bench::DataObject<INode> nodes("INode", p.connection);
-  const auto network = petrodb::bench::MakeNetwork();
-  std::vector<NodeRecord> back;
-  for (auto _ : state) {
-    if (!nodes->DeletePipenetNodes("net") || !nodes->SaveNodes("net", network) || !nodes->LoadNodes("net", back) ||
-        back.size() != network.size())
-      state.SkipWithError("nodes lost");
-  }
-  std::vector<NodeRecord> top, children;
-  if (!nodes->LoadTopNodes(top) || top.size() != 1 || !nodes->LoadChildNodes(top[0], children) || children.size() != 4)
-    state.SkipWithError("hierarchy lost");
-}
+void Network_petrodb(benchmark::State& state) { petrodb::bench::TimeNetwork(state, Project().connection); }
 void Network_raw(benchmark::State& state) {
   auto& p = Project();
   const auto network = petrodb::bench::MakeNetwork();

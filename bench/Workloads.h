@@ -1,6 +1,8 @@
 #pragma once
 // The petrodb side of each benchmark, the same for every engine, so that the
 // only difference between two engines' runs is the engine.
+#include <benchmark/benchmark.h>
+
 #include <string>
 #include <vector>
 
@@ -168,6 +170,52 @@ inline WellLog MakeLog(const std::string& well, int samples) {
   }
   log.Link(depths);
   return log;
+}
+
+// The petrodb side of the growth cases, timed the same way on every engine:
+// the engine's file only fills the tables and names the connection.
+inline constexpr int kLogSamples = 50000;
+inline constexpr std::size_t kAllMarkers = static_cast<std::size_t>(kMarkerWells) * kMarkersPerWell;
+
+inline void TimeLoadWells(benchmark::State& state, const std::string& connection) {
+  DataObject<IBasicWellData> wells("IBasicWellData", connection);
+  std::vector<WellRecord> records;
+  for (auto _ : state)
+    if (!wells->LoadProjectWells("G", records) || records.size() != kGrowthWells) state.SkipWithError("wells lost");
+}
+
+inline void TimeWellLog(benchmark::State& state, const std::string& connection) {
+  DataObject<ILogData> logs("ILogData", connection);
+  const WellLog log = MakeLog("L", kLogSamples);
+  WellLog back;
+  for (auto _ : state)
+    if (!logs->SaveWellLog(log) || !logs->LoadWellLog("L", back) || back.Curves.size() != 20 ||
+        back.Curves[19].Values.size() != static_cast<std::size_t>(kLogSamples))
+      state.SkipWithError("log lost");
+}
+
+inline void TimeLoadMarkers(benchmark::State& state, const std::string& connection) {
+  DataObject<IMarkerData> markers("IMarkerData", connection);
+  const auto ids = MarkerWellIds();
+  std::vector<MarkerRecord> records;
+  for (auto _ : state) {
+    records.clear();
+    if (!markers->LoadMarkersOfWells(ids, records) || records.size() != kAllMarkers) state.SkipWithError("markers lost");
+  }
+}
+
+// The network's rows are timed; its hierarchy is checked afterwards, untimed.
+inline void TimeNetwork(benchmark::State& state, const std::string& connection) {
+  DataObject<INode> nodes("INode", connection);
+  const auto network = MakeNetwork();
+  std::vector<NodeRecord> back;
+  for (auto _ : state)
+    if (!nodes->DeletePipenetNodes("net") || !nodes->SaveNodes("net", network) || !nodes->LoadNodes("net", back) ||
+        back.size() != network.size())
+      state.SkipWithError("nodes lost");
+  std::vector<NodeRecord> top, children;
+  if (!nodes->LoadTopNodes(top) || top.size() != 1 || !nodes->LoadChildNodes(top[0], children) || children.size() != 4)
+    state.SkipWithError("hierarchy lost");
 }
 
 }  // namespace petrodb::bench
