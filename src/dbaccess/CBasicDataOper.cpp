@@ -5,11 +5,6 @@
 #include "dbaccess/DbManage.h"
 #include "petrodb/IBasicDataOper.h"
 
-namespace petrodb {
-// Tells the host's progress hook how far long work has come (Host.cpp).
-void StepWaitingDlg(std::uint64_t done, std::uint64_t total);
-}  // namespace petrodb
-
 using namespace petrodb;
 
 namespace {

@@ -1,5 +1,6 @@
 #pragma once
 // What operations show the user, routed to the host's handlers.
+#include <cstdint>
 #include <string>
 
 #include "petrodb/Host.h"
@@ -20,6 +21,8 @@ inline void ErrorMessageBox(const std::string& text) {
 // Opens the waiting window with a text; the handle goes to EndWaitingDlg.
 int BeginWaitingDlg(const std::string& text, int unused = 0);
 void EndWaitingDlg(int handle);
+// Tells the host how far long work has come: `done` of `total` units.
+void StepWaitingDlg(std::uint64_t done, std::uint64_t total);
 
 }  // namespace petrodb
 
