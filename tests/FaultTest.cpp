@@ -32,50 +32,33 @@ namespace fs = std::filesystem;
 WellLog Curves(const std::string& well, double value, std::size_t samples) {
   WellLog log;
   log.WellID = well;
-  for (const char* name : {"DEPTH", "GR", "SP"}) {
-    LogCurve c;
-    c.CurveName = name;
-    c.Values.assign(samples, value);
-    log.Curves.push_back(c);
-  }
+  for (const char* name : {"DEPTH", "GR", "SP"}) log.Curves.push_back({name, "", nullptr, std::vector<double>(samples, value)});
   log.Link({"DEPTH", "DEPTH", "DEPTH"});
   return log;
 }
 
 // A small file system of its own (root only), unmounted at the end.
-class SmallDisk {
- public:
-  explicit SmallDisk(const fs::path& at, const char* size) : path_(at) {
+struct SmallDisk {
+  explicit SmallDisk(const fs::path& at) : path(at) {
     fs::create_directories(at);
-    const std::string options = std::string("size=") + size;
-    if (::mount("tmpfs", at.c_str(), "tmpfs", 0, options.c_str()) != 0) reason_ = std::strerror(errno);
+    if (::mount("tmpfs", at.c_str(), "tmpfs", 0, "size=64m") != 0) failure = std::strerror(errno);
   }
   ~SmallDisk() {
     db::ClearConnectionPool();
-    if (reason_.empty()) ::umount2(path_.c_str(), MNT_DETACH);
+    if (failure.empty()) ::umount2(path.c_str(), MNT_DETACH);
   }
-  bool Mounted() const { return reason_.empty(); }
-  const std::string& Reason() const { return reason_; }
-  bool MakeReadOnly() { return ::mount(nullptr, path_.c_str(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr) == 0; }
-
- private:
-  fs::path path_;
-  std::string reason_;
+  bool MakeReadOnly() { return ::mount(nullptr, path.c_str(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr) == 0; }
+  fs::path path;
+  std::string failure;  // why it could not be mounted; empty when it is
 };
-
-#define PETRODB_SKIP_UNLESS_ROOT()                                                          \
-  do {                                                                                      \
-    if (::geteuid() != 0) GTEST_SKIP() << "needs root to mount a small file system of its own"; \
-  } while (0)
 
 class FaultTest : public ProjectTest {
  protected:
   // Runs `replace(i)` for i = 1, 2, ... in a child process and kills it (-9) at
-  // a random moment after its first replace; then `check()`.
-  void KillDuringReplaces(const std::function<bool(IDataFactory&, int)>& replace, const std::function<void()>& check,
-                          int rounds) {
+  // a random moment after its first replace; then `check()`; eight times.
+  void KillDuringReplaces(const std::function<bool(int)>& replace, const std::function<void()>& check) {
     std::mt19937 random(12345);
-    for (int round = 0; round < rounds; ++round) {
+    for (int round = 0; round < 8 && !HasFailure(); ++round) {
       db::ClearConnectionPool();  // the child opens connections of its own
       int pipeFds[2];
       ASSERT_EQ(::pipe(pipeFds), 0);
@@ -84,10 +67,8 @@ class FaultTest : public ProjectTest {
       if (pid == 0) {
         ::close(pipeFds[0]);
         SetMessageHandler([](MessageStyle, const std::string&, const std::string&) {});
-        IDataFactory* factory = CreateDataFactoryObject();
-        factory->SetConnectionString(connection_.c_str());
         for (int i = 1;; ++i) {
-          if (!replace(*factory, i)) ::_exit(3);
+          if (!replace(i)) ::_exit(3);
           if (::write(pipeFds[1], "x", 1) != 1) ::_exit(4);
         }
       }
@@ -101,14 +82,17 @@ class FaultTest : public ProjectTest {
       ::close(pipeFds[0]);
       ASSERT_TRUE(WIFSIGNALED(status)) << "the child ended by itself: " << status;
       check();
-      if (HasFailure()) return;
     }
   }
-
   void ExpectIntact() {
-    if (!onServer()) {
-      EXPECT_EQ(Query("pragma integrity_check"), std::vector<std::string>{"ok"});
-    }
+    if (!onServer()) EXPECT_EQ(Query("pragma integrity_check"), std::vector<std::string>{"ok"});
+  }
+  // Moves the test's project onto `disk`: the objects made from now on use the copy there.
+  fs::path UseProjectOn(const SmallDisk& disk) {
+    const fs::path file = disk.path / "P.mdb";
+    fs::copy_file(TemplateFile(), file);
+    connection_ = "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + file.string();
+    return file;
   }
 };
 
@@ -118,65 +102,46 @@ TEST_F(FaultTest, AKillDuringAWellReplaceLeavesTheOldOrTheNewWell) {
   w.WellID = "W1";
   ASSERT_TRUE(wells->SaveWell("P", w));
   KillDuringReplaces(
-      [](IDataFactory& factory, int i) {
-        std::unique_ptr<IBasicWellData> mine(static_cast<IBasicWellData*>(factory.CreateObject("IBasicWellData")));
-        mine->SetConnection(factory.GetConnectionString());
-        WellRecord r;
-        r.WellID = "W1";
-        r.WellName = "generation " + std::to_string(i);
-        r.Kb = i;
-        return mine->SaveWell("P", r);
+      [&](int i) {
+        w.WellName = "generation " + std::to_string(i);
+        w.Kb = i;
+        return wells->SaveWell("P", w);
       },
       [&] {
         EXPECT_EQ(Query("select count(*) from w_well_data where WellID = 'W1'"), std::vector<std::string>{"1"});
         ExpectIntact();
-      },
-      8);
+      });
 }
 
 TEST_F(FaultTest, AKillDuringACurveReplaceLeavesAWholeGeneration) {
   auto logs = Make<ILogData>("ILogData");
   ASSERT_TRUE(logs->SaveWellLog(Curves("W1", 0, 400)));
-  KillDuringReplaces(
-      [](IDataFactory& factory, int i) {
-        std::unique_ptr<ILogData> mine(static_cast<ILogData*>(factory.CreateObject("ILogData")));
-        mine->SetConnection(factory.GetConnectionString());
-        return mine->SaveWellLog(Curves("W1", i, 400));
-      },
-      [&] {
-        WellLog loaded;
-        ASSERT_TRUE(logs->LoadWellLog("W1", loaded));
-        ASSERT_EQ(loaded.Curves.size(), 3u);
-        const double generation = loaded.Curves[0].Values.at(0);
-        for (const auto& c : loaded.Curves) {
-          ASSERT_EQ(c.Values.size(), 400u) << c.CurveName;
-          for (double v : c.Values) ASSERT_EQ(v, generation) << c.CurveName;
-        }
-        ExpectIntact();
-      },
-      8);
+  KillDuringReplaces([&](int i) { return logs->SaveWellLog(Curves("W1", i, 400)); },
+                     [&] {
+                       WellLog loaded;
+                       ASSERT_TRUE(logs->LoadWellLog("W1", loaded));
+                       ASSERT_EQ(loaded.Curves.size(), 3u);
+                       const double generation = loaded.Curves[0].Values.at(0);
+                       for (const auto& c : loaded.Curves)
+                         EXPECT_EQ(c.Values, std::vector<double>(400, generation)) << c.CurveName;
+                       ExpectIntact();
+                     });
 }
 
 TEST_F(FaultTest, AFullDiskFailsTheReplaceAndKeepsTheOldRecord) {
   PETRODB_SKIP_ON_SERVER();
-  PETRODB_SKIP_UNLESS_ROOT();
-  SmallDisk disk(dir_ / "small", "64m");
-  if (!disk.Mounted()) GTEST_SKIP() << "cannot mount a tmpfs: " << disk.Reason();
-  const fs::path file = dir_ / "small" / "P.mdb";
-  fs::copy_file(TemplateFile(), file);
-  const std::string connection = "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + file.string();
-  factory_->SetConnectionString(connection.c_str());
-  std::unique_ptr<IBasicWellData> wells(static_cast<IBasicWellData*>(factory_->CreateObject("IBasicWellData")));
-  std::unique_ptr<ILogData> logs(static_cast<ILogData*>(factory_->CreateObject("ILogData")));
-  wells->SetConnection(connection.c_str());
-  logs->SetConnection(connection.c_str());
+  SmallDisk disk(dir_ / "small");
+  if (!disk.failure.empty()) GTEST_SKIP() << "cannot mount a tmpfs (needs root): " << disk.failure;
+  const fs::path file = UseProjectOn(disk);
+  auto wells = Make<IBasicWellData>("IBasicWellData");
+  auto logs = Make<ILogData>("ILogData");
   WellRecord w;
   w.WellID = "W1";
   w.WellName = "old";
   ASSERT_TRUE(wells->SaveWell("P", w));
   ASSERT_TRUE(logs->SaveWellLog(Curves("W1", 1.5, 100)));
   {  // the pooled connection stays open: the disk fills under it
-    std::ofstream filler(dir_ / "small" / "filler", std::ios::binary);
+    std::ofstream filler(disk.path / "filler", std::ios::binary);
     const std::string chunk(1 << 16, 'f');
     while (filler.write(chunk.data(), chunk.size()) && filler.flush()) {
     }
@@ -186,32 +151,23 @@ TEST_F(FaultTest, AFullDiskFailsTheReplaceAndKeepsTheOldRecord) {
   EXPECT_NE(LastError().find("disk full"), std::string::npos) << LastError();
   EXPECT_NE(LastError().find(file.string()), std::string::npos) << LastError();
   EXPECT_FALSE(logs->SaveWellLog(Curves("W1", 2.5, 300000)));
-  fs::remove(dir_ / "small" / "filler");
+  fs::remove(disk.path / "filler");
   db::ClearConnectionPool();
   WellRecord loaded;
   ASSERT_TRUE(wells->LoadWell("W1", loaded));
   EXPECT_EQ(loaded.WellName, "old");
   WellLog curves;
   ASSERT_TRUE(logs->LoadWellLog("W1", curves));
-  ASSERT_EQ(curves.Curves.size(), 3u);
-  EXPECT_EQ(curves.Curves[1].Values, std::vector<double>(100, 1.5));
-  CDbManage db(connection.c_str());
-  ASSERT_EQ(db.GetDataFromDB("pragma integrity_check"), kRowsFound);
-  std::string verdict;
-  EXPECT_TRUE(db.GetFieldValue("integrity_check", verdict));
-  EXPECT_EQ(verdict, "ok");
+  EXPECT_EQ(curves.Curves.at(1).Values, std::vector<double>(100, 1.5));
+  ExpectIntact();
 }
 
 TEST_F(FaultTest, AProjectOnReadOnlyMediaIsReadButNotWritten) {
   PETRODB_SKIP_ON_SERVER();
-  PETRODB_SKIP_UNLESS_ROOT();
-  SmallDisk disk(dir_ / "ro", "64m");
-  if (!disk.Mounted()) GTEST_SKIP() << "cannot mount a tmpfs: " << disk.Reason();
-  const fs::path file = dir_ / "ro" / "P.mdb";
-  fs::copy_file(TemplateFile(), file);
-  const std::string connection = "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + file.string();
-  std::unique_ptr<IBasicWellData> wells(static_cast<IBasicWellData*>(factory_->CreateObject("IBasicWellData")));
-  wells->SetConnection(connection.c_str());
+  SmallDisk disk(dir_ / "ro");
+  if (!disk.failure.empty()) GTEST_SKIP() << "cannot mount a tmpfs (needs root): " << disk.failure;
+  UseProjectOn(disk);
+  auto wells = Make<IBasicWellData>("IBasicWellData");
   WellRecord w;
   w.WellID = "W1";
   ASSERT_TRUE(wells->SaveWell("P", w));  // the file is now in write-ahead-log mode
@@ -219,7 +175,6 @@ TEST_F(FaultTest, AProjectOnReadOnlyMediaIsReadButNotWritten) {
   ASSERT_TRUE(disk.MakeReadOnly());
   WellRecord loaded;
   EXPECT_TRUE(wells->LoadWell("W1", loaded));
-  EXPECT_EQ(loaded.WellID, "W1");
   EXPECT_FALSE(wells->SaveWell("P", w));
   EXPECT_NE(LastError().find("read-only"), std::string::npos) << LastError();
 }
@@ -270,12 +225,9 @@ TEST_F(FaultTest, FilesThatAreNoProjectAreRefusedAndLeftAsTheyAre) {
     CDbManage db(connection.c_str());
     EXPECT_FALSE(db.IsConnected());
     EXPECT_NE(LastError().find("not a project file: " + file.string()), std::string::npos) << LastError();
-    EXPECT_EQ(db.GetDataFromDB("select * from w_well_data"), kFailed);
     EXPECT_FALSE(db.ExecuteSQL("create table t (k text)"));
-    EXPECT_FALSE(db.BeginSaveData("w_well_data"));
     EXPECT_EQ(fs::file_size(file), size);
-    EXPECT_FALSE(fs::exists(file.string() + "-wal"));
-    EXPECT_FALSE(fs::exists(file.string() + "-journal"));
+    EXPECT_FALSE(fs::exists(file.string() + "-wal") || fs::exists(file.string() + "-journal"));
   }
   // Also through a server-dialect string, which may create a missing file, but never converts one.
   const std::string plain = "Provider=SQLite;Data Source=" + empty.string();
@@ -303,12 +255,7 @@ TEST_F(FaultTest, PasswordsNeverReachErrorsOrTraces) {
   const std::string jet = "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + (dir_ / "missing.mdb").string() +
                           ";Jet OLEDB:Database Password=S3cret!;Jet OLEDB:New Database Password='x;S3cret!'";
   EXPECT_EQ(db::ConnectionString::Masked(jet).find("S3cret!"), std::string::npos) << db::ConnectionString::Masked(jet);
-  EXPECT_NE(db::ConnectionString::Masked(jet).find("Jet OLEDB:Database Password=***"), std::string::npos);
-  {
-    CDbManage db(jet.c_str());
-    EXPECT_EQ(db.GetDataFromDB("select 1"), kFailed);
-  }
-  EXPECT_FALSE(LastError().empty());
+  EXPECT_EQ(CDbManage(jet.c_str()).GetDataFromDB("select 1"), kFailed);
   EXPECT_EQ(LastError().find("S3cret!"), std::string::npos) << LastError();
   for (const auto& e : sql_.events()) EXPECT_EQ((e.text + e.sent + e.error).find("S3cret!"), std::string::npos);
 }

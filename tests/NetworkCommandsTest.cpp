@@ -1,6 +1,5 @@
 // The petrodb host's pipeline network commands, run as a user runs them, on
 // networks saved through the library's own objects.
-#include <algorithm>
 #include <fstream>
 #include <sstream>
 
@@ -22,21 +21,10 @@ Lines SplitLines(const std::string& text) {
 }
 
 NodeRecord Node(const char* name, int type, const char* parent) {
-  NodeRecord n;
-  n.NodeName = name;
-  n.NodeType = type;
-  n.ParentNodeName = parent;
-  return n;
+  return {.NodeName = name, .NodeType = type, .ParentNodeName = parent};
 }
-
 PipeRecord Pipe(const char* name, int type, const char* from, const char* to) {
-  PipeRecord p;
-  p.PipeName = name;
-  p.PipeType = type;
-  p.Node1 = from;
-  p.Node2 = to;
-  p.Diameter = 100;
-  return p;
+  return {.PipeName = name, .Node1 = from, .Node2 = to, .PipeType = type, .Diameter = 100};
 }
 
 class NetworkCommandsTest : public ProjectTest {
@@ -55,10 +43,8 @@ class NetworkCommandsTest : public ProjectTest {
     auto nodes = Make<INode>("INode");
     auto pipes = Make<IPipe>("IPipe");
     // name, unit, date, creator, memo, left and top margin, ratio, X and Y extent, sub-items, stations, type
-    const PipenetRecord west{"西区", "一厂", "", "张三", "", 10, 20, 1.5, 0, 1000.5, -20, 500, 3, 1, "注水"};
-    const PipenetRecord east{"东区", "二厂", "", "李四", "", 0, 0, 0, 0, 0, 0, 0, 0, 0, ""};
-    ASSERT_TRUE(networks->SavePipenet(west));
-    ASSERT_TRUE(networks->SavePipenet(east));
+    ASSERT_TRUE(networks->SavePipenet({"西区", "一厂", "", "张三", "", 10, 20, 1.5, 0, 1000.5, -20, 500, 3, 1, "注水"}));
+    ASSERT_TRUE(networks->SavePipenet({"东区", "二厂", "", "李四", "", 0, 0, 0, 0, 0, 0, 0, 0, 0, ""}));
     ASSERT_TRUE(nodes->SaveNodes("西区", {Node("站1", 0, "-1"), Node("间1", 1, "站1"), Node("井1", 2, "间1"),
                                           Node("井2", 2, "间1"), Node("回1", 3, "井1"), Node("间1", 3, "回1"),
                                           Node("X9", 17, "站1"), Node("孤1", 4, "(无)")}));
@@ -123,44 +109,25 @@ TEST_F(NetworkCommandsTest, ShowPrintsHeaderCountsAndTheHierarchyCuttingTheLoop)
                                         "  孤1 (parent (无))",
                                     }))
       << run.output;
-}
 
-TEST_F(NetworkCommandsTest, ShowKeepsToItsNetworkWhereNamesAreShared) {
-  SaveNetworks();
   // The hierarchy gives 间1 the children of both networks; only the east's are shown,
   // and the two nodes that are each other's parent are listed, not walked.
-  const CliRun run = RunPetrodb("network show " + file_ + " 东区");
-  ASSERT_EQ(run.code, 0) << run.output;
-  const Lines lines = SplitLines(run.output);
-  const auto hierarchy = std::find(lines.begin(), lines.end(), "hierarchy");
-  ASSERT_NE(hierarchy, lines.end()) << run.output;
-  EXPECT_EQ(Lines(hierarchy, lines.end()), (Lines{
-                                               "hierarchy",
-                                               "  间1 [配水间]",
-                                               "    E井 [注水井]",
-                                               "not under a top node of this network: 2 node(s)",
-                                               "  L1 (parent L2)",
-                                               "  L2 (parent L1)",
-                                           }));
-  EXPECT_NE(run.output.find("4 node(s)\n  1  配水间 (water distribution room)\n  1  注水井 (injection well)\n"
-                            "  2  管汇点 (manifold point)\n1 pipe(s)\n  1  注水干线 (injection trunk line)\n"),
+  const CliRun east = RunPetrodb("network show " + file_ + " 东区");
+  ASSERT_EQ(east.code, 0) << east.output;
+  EXPECT_NE(east.output.find("hierarchy\n  间1 [配水间]\n    E井 [注水井]\nnot under a top node of this network: 2 node(s)\n"
+                             "  L1 (parent L2)\n  L2 (parent L1)\n"),
             std::string::npos)
-      << run.output;
+      << east.output;
 }
 
 TEST_F(NetworkCommandsTest, UnknownNetworksAndEmptyFilesAreReportedByName) {
-  {
-    const CliRun list = RunPetrodb("network list " + file_);
-    EXPECT_EQ(list.code, 0);
-    EXPECT_EQ(list.output, "0 network(s)\n");
-    const CliRun show = RunPetrodb("network show " + file_ + " 西区");
-    EXPECT_EQ(show.code, 1);
-    EXPECT_EQ(show.output, "petrodb: no network \"西区\" in " + file_ + " (it has no networks)\n");
-  }
+  EXPECT_EQ(RunPetrodb("network list " + file_).output, "0 network(s)\n");
+  const CliRun none = RunPetrodb("network show " + file_ + " 西区");
+  EXPECT_EQ(none.code, 1);
+  EXPECT_EQ(none.output, "petrodb: no network \"西区\" in " + file_ + " (it has no networks)\n");
   SaveNetworks();
-  const CliRun show = RunPetrodb("network show " + file_ + " 北区");
-  EXPECT_EQ(show.code, 1);
-  EXPECT_EQ(show.output, "petrodb: no network \"北区\" in " + file_ + " (its networks: 东区, 西区)\n");
+  EXPECT_EQ(RunPetrodb("network show " + file_ + " 北区").output,
+            "petrodb: no network \"北区\" in " + file_ + " (its networks: 东区, 西区)\n");
 
   // A header that cannot be read fails the command rather than dropping a
   // network, the first of the list (where the load stops with nothing) or a later one.
@@ -174,35 +141,25 @@ TEST_F(NetworkCommandsTest, UnknownNetworksAndEmptyFilesAreReportedByName) {
 
   const std::string notes = (dir_ / "notes.mdb").string();
   std::ofstream(notes) << "not a database\n";
-  for (const std::string& command : {"network list " + notes, "network show " + notes + " 西区"}) {
-    const CliRun run = RunPetrodb(command);
-    EXPECT_EQ(run.code, 1) << command;
-    EXPECT_EQ(run.output, "petrodb: " + notes + " is not a petrodb project file (not an SQLite database)\n");
-  }
+  const CliRun run = RunPetrodb("network show " + notes + " 西区");
+  EXPECT_EQ(run.code, 1);
+  EXPECT_EQ(run.output, "petrodb: " + notes + " is not a petrodb project file (not an SQLite database)\n");
 }
 
 TEST_F(NetworkCommandsTest, WrongUsageExitsTwoWithTheUsage) {
+  const std::string both = "usage: petrodb network list <file>\n       petrodb network show <file> <network>\n";
   const struct {
-    std::string arguments;
-    std::string output;
+    std::string arguments, output;
   } cases[] = {
       {"network show " + file_, "usage: petrodb network show <file> <network>\n"},
-      {"network list", "usage: petrodb network list <file>\n"},
-      {"network list " + file_ + " extra", "usage: petrodb network list <file>\n"},
-      {"network list " + file_ + " --unit 一厂", "petrodb: unknown option --unit\n"},
-      {"network", "usage: petrodb network list <file>\n       petrodb network show <file> <network>\n"},
-      {"network drop " + file_,
-       "petrodb: unknown network command \"drop\"\n"
-       "usage: petrodb network list <file>\n       petrodb network show <file> <network>\n"},
+      {"network", both},
+      {"network drop " + file_, "petrodb: unknown network command \"drop\"\n" + both},
   };
   for (const auto& c : cases) {
     const CliRun run = RunPetrodb(c.arguments);
     EXPECT_EQ(run.code, 2) << c.arguments;
     EXPECT_EQ(run.output, c.output) << c.arguments;
   }
-  const CliRun help = RunPetrodb("network show --help");
-  EXPECT_EQ(help.code, 0);
-  EXPECT_EQ(help.output.rfind("usage: petrodb network show <file> <network>\n", 0), 0u) << help.output;
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 // performance curves.
 #include <algorithm>
 #include <atomic>
+#include <bit>
 #include <chrono>
 #include <cstring>
 #include <limits>
@@ -29,105 +30,75 @@ class NetworkTest : public ProjectTest {
  protected:
   void SetUp() override {
     ProjectTest::SetUp();
-    network::ResetNodeHierarchy();
+    network::ResetNodeHierarchy();  // the hierarchy is kept for the process
     nets_ = Make<IPipenet>("IPipenet");
     nodes_ = Make<INode>("INode");
     pipes_ = Make<IPipe>("IPipe");
     ASSERT_TRUE(nets_ && nodes_ && pipes_);
   }
-  void TearDown() override {
-    network::ResetNodeHierarchy();
-    ProjectTest::TearDown();
-  }
   static PipenetRecord Header(const std::string& name, const std::string& unit, const std::string& type) {
     return {name, unit, "", "张三", "北区", 10, 20, 0.5, 1e5, 2e5, 3e5, 4e5, 3, 7, type};
   }
   static NodeRecord Node(const std::string& net, const std::string& name, int type, const std::string& parent) {
-    NodeRecord n;
-    n.PipenetName = net, n.NodeName = name, n.NodeType = type, n.ParentNodeName = parent, n.NodeX = type * 1.5;
-    return n;
+    return {.PipenetName = net, .NodeName = name, .NodeType = type, .ParentNodeName = parent};
   }
-  static PipeRecord Pipe(const std::string& net, const std::string& name, int type, double diameter) {
-    PipeRecord p;
-    p.PipenetName = net, p.PipeName = name, p.PipeType = type, p.Diameter = diameter;
-    p.Node1 = name + "-a", p.Node2 = name + "-b";
-    return p;
-  }
-  void ExpectErrorMessages(const Strings& texts) {
-    EXPECT_EQ(messages_.texts(), texts);
-    for (const auto& m : messages_.messages()) EXPECT_EQ(m.caption, "错误信息");
-    messages_.clear();
+  static PipeRecord Pipe(const std::string& name, int type, double diameter) {
+    return {.PipenetName = "ignored", .PipeName = name, .PipeType = type, .Diameter = diameter};
   }
   std::unique_ptr<IPipenet> nets_;
   std::unique_ptr<INode> nodes_;
   std::unique_ptr<IPipe> pipes_;
 };
 
-TEST_F(NetworkTest, HeadersAreReplacedAndListed) {
+TEST_F(NetworkTest, HeadersAreReplacedListedAndLoadedWhole) {
   ASSERT_TRUE(nets_->SavePipenet(Header("N2", "一矿", "注水")));
   ASSERT_TRUE(nets_->SavePipenet(Header("N1", "二矿", "注水")));
   sql_.clear();
   ASSERT_TRUE(nets_->SavePipenet(Header("N1", "一矿", "输油")));
-  // The table is probed, then DeletePipenet probes it again and deletes; the
-  // creation date is never written.
+  // The table is probed, then DeletePipenet probes it again; the creation date
+  // is never written.
   EXPECT_EQ(sql_.texts("GetDataFromDB"), (Strings{"n_pipenet", "n_pipenet"}));
-  EXPECT_EQ(sql_.texts("ExecuteSQL"), Strings{"delete from n_pipenet where PipenetName = 'N1'"});
-  ASSERT_EQ(sql_.texts("SaveData").size(), 1u);
-  EXPECT_EQ(sql_.texts("SaveData")[0].find("CreateDate"), std::string::npos);
+  EXPECT_EQ(sql_.texts("SaveData").at(0).find("CreateDate"), std::string::npos);
 
   Strings names{"stale"};
   ASSERT_TRUE(nets_->ListPipenetNames(names));
   EXPECT_EQ(names, (Strings{"N1", "N2"}));
-  ASSERT_TRUE(nets_->ListPipenetNamesByType("注水", names));
-  EXPECT_EQ(names, Strings{"N2"});
   sql_.clear();
   ASSERT_TRUE(nets_->ListPipenetNamesByUnitAndType("一矿", "输油", names));
   EXPECT_EQ(names, Strings{"N1"});
   EXPECT_EQ(sql_.texts(), Strings{"select PipenetName from n_pipenet where UnitName ='一矿' and PipenetType='输油' "
                                   "order by PipenetName"});
-  EXPECT_FALSE(nets_->ListPipenetNamesByUnitAndType("二矿", "输油", names));
-  EXPECT_TRUE(names.empty());
   ASSERT_TRUE(nets_->ListUnitNames(names));
   EXPECT_EQ(names, Strings{"一矿"});
-  EXPECT_TRUE(nets_->PipenetExists("N1"));
-  EXPECT_FALSE(nets_->PipenetExists("N3"));
 
-  sql_.clear();
-  EXPECT_FALSE(nets_->DeletePipenet(""));
-  EXPECT_TRUE(sql_.texts().empty());
-  EXPECT_TRUE(messages_.messages().empty());
-  EXPECT_FALSE(nets_->SavePipenet(Header("", "一矿", "")));
-  ASSERT_EQ(messages_.messages().size(), 1u);
-  EXPECT_EQ(messages_.messages()[0].text, "管网名称不能为空。");
-  EXPECT_EQ(messages_.messages()[0].style, MessageStyle::Application);
-  EXPECT_EQ(messages_.messages()[0].caption, "");
-}
-
-TEST_F(NetworkTest, HeadersLoadWholeAndOnlyTheirTypeMayBeUnreadable) {
-  ASSERT_TRUE(nets_->SavePipenet(Header("N1", "一矿", "注水")));
   PipenetRecord loaded;
   ASSERT_TRUE(nets_->LoadPipenet("N1", loaded));
-  // The module never writes the date: a new header gets the current time.
-  EXPECT_EQ(loaded.CreateDate.size(), 19u) << loaded.CreateDate;
-  PipenetRecord expected = Header("N1", "一矿", "注水");
+  EXPECT_EQ(loaded.CreateDate.size(), 19u) << loaded.CreateDate;  // the database's current time
+  PipenetRecord expected = Header("N1", "一矿", "输油");
   expected.CreateDate = loaded.CreateDate;
   auto tie = [](const PipenetRecord& r) {
     return std::tie(r.PipenetName, r.UnitName, r.CreateDate, r.Creator, r.Memo, r.LeftMargin, r.TopMargin, r.Ratio,
                     r.Xmin, r.Xmax, r.Ymin, r.Ymax, r.SubNum, r.StationbreachNum, r.PipenetType);
   };
   EXPECT_EQ(tie(loaded), tie(expected));
-
-  Exec("update n_pipenet set CreateDate = '2024-01-05 08:30:00', PipenetType = NULL");
-  PipenetRecord again;
-  again.PipenetType = "kept";
-  ASSERT_TRUE(nets_->LoadPipenet("N1", again));
-  EXPECT_EQ(std::tie(again.CreateDate, again.PipenetType, again.StationbreachNum),
-            std::make_tuple(std::string("2024-01-05 08:30:00"), std::string("kept"), 7));
+  // Only the type may be unreadable; any other NULL fails the loads.
+  Exec("update n_pipenet set PipenetType = NULL");
+  loaded.PipenetType = "kept";
+  ASSERT_TRUE(nets_->LoadPipenet("N1", loaded));
+  EXPECT_EQ(loaded.PipenetType, "kept");
   Exec("update n_pipenet set Creator = NULL");
   std::vector<PipenetRecord> all;
   EXPECT_FALSE(nets_->LoadPipenet("N1", loaded));
   EXPECT_FALSE(nets_->LoadAllPipenets(all));
-  EXPECT_TRUE(all.empty());
+
+  // An empty name: the delete refuses silently, the save says so in its own words.
+  sql_.clear();
+  EXPECT_FALSE(nets_->DeletePipenet(""));
+  EXPECT_TRUE(sql_.texts().empty());
+  EXPECT_FALSE(nets_->SavePipenet(Header("", "一矿", "")));
+  ASSERT_EQ(messages_.messages().size(), 1u);
+  EXPECT_EQ(std::tie(messages_.messages()[0].text, messages_.messages()[0].style, messages_.messages()[0].caption),
+            std::make_tuple("管网名称不能为空。", MessageStyle::Application, ""));
 }
 
 // A network of a few hundred nodes and pipes, saved, listed, loaded and deleted
@@ -137,43 +108,36 @@ TEST_F(NetworkTest, AWholeNetworkInThreeSteps) {
   std::vector<PipeRecord> pipes;
   for (int i = 0; i < 360; ++i) {
     nodes.push_back(Node("ignored", "J" + std::to_string(i), (i * 7) % 13, i ? "J0" : "-1"));
-    pipes.push_back(Pipe("ignored", "P" + std::to_string(i), i % 5, 50 + 25 * (i % 4)));
+    pipes.push_back(Pipe("P" + std::to_string(i), i % 5, 50 + 25 * (i % 4)));
   }
   ASSERT_TRUE(nets_->SavePipenet(Header("北1", "一矿", "注水")));
   sql_.clear();
   ASSERT_TRUE(nodes_->SaveNodes("北1", nodes));
   ASSERT_TRUE(pipes_->SavePipes("北1", pipes));
   ASSERT_TRUE(nodes_->SaveNodes("南2", {Node("", "J0", 0, "-1")}));
-  ASSERT_TRUE(pipes_->SavePipes("南2", {Pipe("", "P0", 0, 10)}));
+  ASSERT_TRUE(pipes_->SavePipes("南2", {Pipe("P0", 0, 10)}));
   EXPECT_TRUE(sql_.texts("ExecuteSQL").empty());  // bulk saves delete nothing
 
   std::vector<NodeRecord> loadedNodes;
   ASSERT_TRUE(nodes_->LoadNodes("北1", loadedNodes));
   ASSERT_EQ(loadedNodes.size(), 360u);
-  for (std::size_t i = 1; i < loadedNodes.size(); ++i) ASSERT_LE(loadedNodes[i - 1].NodeType, loadedNodes[i].NodeType);
-  static const char* const kNodeTypeNames[] = {"注水站", "配水间", "注水井", "管汇点", "水罐", "注水泵",
-                                               "阀门",   "流量计", "压力表", "虚拟井", "弯头", "大小头"};
-  for (const auto& n : loadedNodes) {
-    EXPECT_EQ(n.PipenetName, "北1");
-    EXPECT_EQ(n.TypeName, n.NodeType < 12 ? kNodeTypeNames[n.NodeType] : "") << n.NodeType;
-    EXPECT_EQ(n.NodeX, n.NodeType * 1.5);
+  // Ordered by type; the twelve known types have a name.
+  for (std::size_t i = 0; i < loadedNodes.size(); ++i) {
+    const NodeRecord& n = loadedNodes[i];
+    if (i) ASSERT_LE(loadedNodes[i - 1].NodeType, n.NodeType);
+    EXPECT_EQ(std::make_tuple(n.PipenetName, n.TypeName.empty()), std::make_tuple("北1", n.NodeType >= 12)) << n.NodeType;
   }
   std::vector<PipeRecord> loadedPipes;
   ASSERT_TRUE(pipes_->LoadPipes("北1", loadedPipes));
   ASSERT_EQ(loadedPipes.size(), 360u);
-  static const char* const kPipeTypeNames[] = {"出站干线", "注水干线", "支线", "连络线", ""};
   for (const auto& p : loadedPipes) {
-    EXPECT_EQ(p.TypeName, kPipeTypeNames[p.PipeType]);
-    EXPECT_EQ(p.Status, 1);
-    EXPECT_EQ(p.Node1, p.PipeName + "-a");
+    EXPECT_EQ(std::make_tuple(p.TypeName.empty(), p.Status), std::make_tuple(p.PipeType >= 4, 1)) << p.PipeType;
   }
   ASSERT_TRUE(pipes_->LoadPipesOfType("北1", 4, loadedPipes));
   EXPECT_EQ(loadedPipes.size(), 72u);
   std::vector<double> diameters{1};
   ASSERT_TRUE(pipes_->ListDiameters("北1", diameters));
   EXPECT_EQ(diameters, (std::vector<double>{50, 75, 100, 125}));
-  ASSERT_TRUE(nodes_->LoadNodesOfType("北1", 12, loadedNodes));
-  EXPECT_EQ(loadedNodes.size(), 27u);
   Strings names;
   ASSERT_TRUE(nodes_->ListNodeNamesOfType(0, names));
   EXPECT_EQ(names.size(), 29u);  // 28 of the first network, J0 of the second
@@ -181,14 +145,10 @@ TEST_F(NetworkTest, AWholeNetworkInThreeSteps) {
   std::sort(names.begin(), names.end());
   EXPECT_EQ(names, (Strings{"北1", "南2"}));
 
-  ASSERT_TRUE(nets_->DeletePipenet("北1"));
   ASSERT_TRUE(nodes_->DeletePipenetNodes("北1"));
   ASSERT_TRUE(pipes_->DeletePipenetPipes("北1"));
   EXPECT_FALSE(nodes_->LoadNodes("北1", loadedNodes));
   EXPECT_FALSE(pipes_->LoadPipes("北1", loadedPipes));
-  EXPECT_TRUE(nodes_->LoadNodes("南2", loadedNodes));
-  EXPECT_TRUE(pipes_->LoadPipes("南2", loadedPipes));
-  EXPECT_TRUE(messages_.messages().empty());
 }
 
 TEST_F(NetworkTest, NodeStatementsAndMessages) {
@@ -206,8 +166,7 @@ TEST_F(NetworkTest, NodeStatementsAndMessages) {
   EXPECT_EQ(std::tie(loaded.NodeColor, loaded.TypeName, loaded.Memo, loaded.CoorelateData, loaded.BoundaryCondition),
             std::make_tuple(255, std::string("注水井"), std::string("备注"), std::string("c"), std::string("b")));
   EXPECT_EQ(Query("select NodeName from n_nodes"), Strings{"A"});
-  EXPECT_TRUE(nodes_->NodeExists("N", "A"));
-  EXPECT_FALSE(nodes_->NodeExists("M", "A"));
+  EXPECT_TRUE(nodes_->NodeExists("N", "A") && !nodes_->NodeExists("M", "A"));
   Strings names;
   sql_.clear();
   ASSERT_TRUE(nodes_->ListNodeNames("N", 2, names));
@@ -218,35 +177,29 @@ TEST_F(NetworkTest, NodeStatementsAndMessages) {
                                    "select * from n_nodes where NodeType =5"}));
 
   EXPECT_FALSE(nodes_->SaveNode(Node("", "A", 0, "-1")));
-  EXPECT_FALSE(nodes_->SaveNode(Node("N", "", 0, "-1")));
-  EXPECT_FALSE(nodes_->SaveNodes("", {a}));
-  EXPECT_FALSE(nodes_->DeletePipenetNodes(""));
   EXPECT_FALSE(nodes_->DeleteNode("N", ""));
-  ExpectErrorMessages({"管网名称不能为空！", "管网节点名称不能为空！", "管网名称不能为空！", "管网名称不能为空！",
-                       "管网节点名称不能为空！"});
+  EXPECT_EQ(messages_.texts(), (Strings{"管网名称不能为空！", "管网节点名称不能为空！"}));
+  EXPECT_EQ(messages_.messages()[0].caption, "错误信息");
   ASSERT_TRUE(nodes_->SaveNodes("N", {Node("", "B", 1, "A"), Node("", "C", 1, "A")}));
   // Every name is tried; a refused one fails the whole call.
   EXPECT_FALSE(nodes_->DeleteNodes("N", {"B", "x'y", "C"}));
   EXPECT_EQ(Query("select NodeName from n_nodes"), Strings{"A"});
-  EXPECT_TRUE(nodes_->DeleteNode("N", "A"));
-  EXPECT_TRUE(Query("select NodeName from n_nodes").empty());
 
   Exec("drop table n_nodes");
+  messages_.clear();
   EXPECT_FALSE(nodes_->SaveNode(a));
   EXPECT_FALSE(nodes_->NodeExists("N", "A"));
-  ExpectErrorMessages({"管网节点数据表为空！"});
-  Exec("create table n_nodes (PipenetName varchar(40), NodeName varchar(40))");
-  EXPECT_FALSE(nodes_->SaveNode(a));
-  ExpectErrorMessages({"保存数据库出错！"});
+  EXPECT_EQ(messages_.texts(), Strings{"管网节点数据表为空！"});
 }
 
 TEST_F(NetworkTest, PipeStatementsAndMessages) {
-  PipeRecord p = Pipe("N", "P1", 2, 100);
-  p.InThkness = 0.003, p.PNum = 2, p.AppendID = "x", p.Status = 0;
+  PipeRecord p = Pipe("P1", 2, 100);
+  p.PipenetName = "N", p.InThkness = 0.003, p.PNum = 2, p.AppendID = "x", p.Status = 0, p.Node1 = "a";
   ASSERT_TRUE(pipes_->SavePipe(p));
   p.Length = 1250.5;
   ASSERT_TRUE(pipes_->SavePipe(p));
-  EXPECT_EQ(Query("select PipeName from n_pipes"), Strings{"P1"});
+  ASSERT_TRUE(pipes_->SavePipes("N", {Pipe("P2", 0, 1)}));
+  EXPECT_EQ(Query("select PipeName from n_pipes order by PipeName"), (Strings{"P1", "P2"}));
   PipeRecord loaded;
   sql_.clear();
   // The diameter is matched as its three-decimal text.
@@ -256,20 +209,15 @@ TEST_F(NetworkTest, PipeStatementsAndMessages) {
   EXPECT_EQ(sql_.texts(), (Strings{"select * from n_pipes where PipenetName = 'N' and PipeName = 'P1' and Diameter = 100.000",
                                    "select * from n_pipes where PipenetName = 'N' and PipeName = 'P1' and Diameter = 100.001",
                                    "select * from n_pipes where PipenetName ='N' and PipeName='P1'"}));
-  EXPECT_EQ(std::tie(loaded.TypeName, loaded.InThkness, loaded.PNum, loaded.AppendID, loaded.Status, loaded.Length),
-            std::make_tuple(std::string("支线"), 0.003, 2, std::string("x"), 0, 1250.5));
+  EXPECT_EQ(std::tie(loaded.TypeName, loaded.InThkness, loaded.PNum, loaded.AppendID, loaded.Status, loaded.Length,
+                     loaded.Node1),
+            std::make_tuple(std::string("支线"), 0.003, 2, std::string("x"), 0, 1250.5, std::string("a")));
 
-  EXPECT_FALSE(pipes_->SavePipe(Pipe("", "P", 0, 1)));
-  EXPECT_FALSE(pipes_->SavePipe(Pipe("N", "", 0, 1)));
-  EXPECT_FALSE(pipes_->SavePipes("", {p}));
-  EXPECT_FALSE(pipes_->DeletePipe("N", ""));
-  ExpectErrorMessages({"管网名称不能为空！", "管网管子名称不能为空！", "管网名称不能为空！", "管网管子名称不能为空！"});
-  ASSERT_TRUE(pipes_->SavePipes("N", {Pipe("", "P2", 0, 1), Pipe("", "P3", 0, 1)}));
-  EXPECT_TRUE(pipes_->DeletePipes("N", {"P1", "P3", "none"}));
+  EXPECT_FALSE(pipes_->SavePipe(Pipe("", 0, 1)));
+  EXPECT_EQ(messages_.texts(), Strings{"管网管子名称不能为空！"});
+  // Unlike the nodes' delete, names that match nothing do not fail it.
+  EXPECT_TRUE(pipes_->DeletePipes("N", {"P1", "none"}));
   EXPECT_EQ(Query("select PipeName from n_pipes"), Strings{"P2"});
-  Exec("drop table n_pipes");
-  EXPECT_FALSE(pipes_->SavePipe(p));
-  ExpectErrorMessages({"管网管子数据表为空！"});
 }
 
 // ---- the node hierarchy ----
@@ -288,8 +236,6 @@ TEST_F(NetworkTest, TheHierarchyIsReadOnceAndIgnoresNetworks) {
   ASSERT_TRUE(nodes_->LoadChildNodes(Node("B", "R1", 1, ""), list));
   EXPECT_EQ(Names(list), (Strings{"W1", "W2", "W3"}));
   EXPECT_EQ(list[2].PipenetName, "B");
-  ASSERT_TRUE(nodes_->LoadChildNodes(Node("", "-1", 0, ""), list));
-  EXPECT_EQ(Names(list), (Strings{"S1", "S2"}));
   // A parent outside the hierarchy has no children in it.
   ASSERT_TRUE(nodes_->LoadChildNodes(Node("A", "orphan", 0, ""), list));
   EXPECT_TRUE(list.empty());
@@ -333,9 +279,6 @@ TEST(NodeHierarchy, LongChainsAndWideFansBuildInLinearTime) {
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
   std::vector<NodeRecord> out;
   EXPECT_TRUE(deep.Reaches("n199999"));
-  deep.AppendChildren("n199998", out);
-  EXPECT_EQ(Names(out), Strings{"n199999"});
-  out.clear();
   wide.AppendChildren("n0", out);
   EXPECT_EQ(out.size(), static_cast<std::size_t>(kCount - 1));
 }
@@ -366,10 +309,7 @@ bool SameBits(const std::vector<double>& a, const std::vector<double>& b) {
 }
 
 TEST_F(CurveTest, CurvesKeepEveryBitAndAreFoundByIdTypeAndDevice) {
-  double payloadNan;
-  const std::uint64_t bits = 0x7ff8000000dead01ull;
-  std::memcpy(&payloadNan, &bits, sizeof bits);
-  const std::vector<double> odd{-0.0, payloadNan, std::numeric_limits<double>::denorm_min(),
+  const std::vector<double> odd{-0.0, std::bit_cast<double>(0x7ff8000000dead01ull), std::numeric_limits<double>::denorm_min(),
                                 -std::numeric_limits<double>::infinity(), 1.0 / 3};
   CurveMap curves{{"H-1", {"ignored", "", 1, odd}}, {"E-1", {"", "", 2, {0, 0.5, 10, 0.8}}}};
   ASSERT_TRUE(object_->SaveCurves("泵A", curves));
@@ -381,15 +321,12 @@ TEST_F(CurveTest, CurvesKeepEveryBitAndAreFoundByIdTypeAndDevice) {
   one.Device_Model = "kept";
   ASSERT_TRUE(object_->LoadCurve("H-1", one));
   EXPECT_TRUE(SameBits(one.CurveXY, odd));
-  EXPECT_EQ(one.CurveType, 1);
-  EXPECT_EQ(one.Device_Model, "kept");
+  EXPECT_EQ(std::tie(one.CurveType, one.Device_Model), std::make_tuple(1, "kept"));
   CurveMap loaded{{"stale", {}}};
   ASSERT_TRUE(object_->LoadCurves({"H-1", "H-2"}, loaded));
   ASSERT_EQ(loaded.size(), 2u);
   EXPECT_TRUE(SameBits(loaded["H-1"].CurveXY, odd));
-  EXPECT_EQ(loaded["H-2"].CurveID, "H-2");
   ASSERT_TRUE(object_->LoadCurvesById({"E-1"}, loaded));
-  ASSERT_EQ(loaded.size(), 1u);
   EXPECT_EQ(loaded["E-1"].CurveXY, (std::vector<double>{0, 0.5, 10, 0.8}));
   ASSERT_TRUE(object_->LoadCurvesOfType(1, loaded));
   ASSERT_EQ(loaded.size(), 2u);
@@ -400,13 +337,10 @@ TEST_F(CurveTest, CurvesKeepEveryBitAndAreFoundByIdTypeAndDevice) {
   ASSERT_TRUE(object_->ListCurveIdsOfType(1, ids));
   EXPECT_EQ(ids, (Strings{"H-1", "H-2"}));
   EXPECT_TRUE(object_->CurveExists("E-1"));
-  EXPECT_EQ(sql_.texts(), (Strings{"select CurveType,CurveXY from b_curve where CurveID='H-1'",
-                                   "select CurveID, CurveType,CurveXY from b_curve where CurveID in ('H-1','H-2')",
-                                   "select CurveID,CurveType,CurveXY from b_curve where CurveID in ('E-1')",
-                                   "select CurveID, CurveXY from b_curve where CurveType =1",
-                                   "select CurveID from b_curve where Device_Model='泵A' order by CurveID",
-                                   "select CurveID from b_curve where CurveType =1 order by CurveID",
-                                   "select CurveID from  b_curve where CurveID='E-1'"}));
+  const Strings sent = sql_.texts();
+  ASSERT_EQ(sent.size(), 7u);
+  EXPECT_EQ(sent[1], "select CurveID, CurveType,CurveXY from b_curve where CurveID in ('H-1','H-2')");
+  EXPECT_EQ(sent[6], "select CurveID from  b_curve where CurveID='E-1'");
   // An empty identifier list is a statement that cannot run.
   EXPECT_FALSE(object_->LoadCurves({}, loaded));
   EXPECT_TRUE(loaded.empty());
@@ -416,7 +350,6 @@ TEST_F(CurveTest, SavesNeedIdentifiersAndDeletesAll) {
   EXPECT_FALSE(object_->SaveCurves("泵A", {{"H-1", {}}, {"", {}}}));
   EXPECT_FALSE(object_->SaveCurve("泵A", {"", "", 0, {1}}));
   EXPECT_EQ(messages_.texts(), (Strings{"曲线ID不能为空！", "曲线ID不能为空！"}));
-  EXPECT_EQ(messages_.messages()[0].caption, "错误信息");
   EXPECT_TRUE(sql_.texts().empty());
   ASSERT_TRUE(object_->SaveCurves("泵A", {{"A", {"", "", 0, {1}}}, {"B", {"", "", 0, {2}}}}));
   // An empty point list is stored as NULL, which no load can read.

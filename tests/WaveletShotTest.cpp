@@ -41,11 +41,8 @@ TEST_F(VspRunTest, RunsAreNumberedAfterTheGreatestIDUnlessTheyCarryTheWellPrefix
   ASSERT_TRUE(object_->SaveVsp(second));
   EXPECT_EQ(second.VSPID, "W1_2");
   WellVspRecord kept{"W1", "W1_7", {7}, {8}};
-  sql_.clear();
-  ASSERT_TRUE(object_->SaveVsp(kept));
+  ASSERT_TRUE(object_->SaveVsp(kept) && object_->SaveVsp(kept));  // no delete first: two rows with that identifier
   EXPECT_EQ(kept.VSPID, "W1_7");
-  EXPECT_EQ(sql_.texts("GetDataFromDB"), Texts{"b_seismic_well_vsp"});
-  ASSERT_TRUE(object_->SaveVsp(kept));  // no delete first: a second row with that identifier
   EXPECT_EQ(Query("select count(*) from b_seismic_well_vsp where VSPID = 'W1_7'"), Texts{"2"});
   WellVspRecord next{"W1", "", {}, {}};
   ASSERT_TRUE(object_->SaveVsp(next));
@@ -88,7 +85,6 @@ TEST_F(VspRunTest, ListsLoadsAndDeletesByWellAndTheStatementsThatFail) {
             "select w_well_data.wellid from w_well_data where w_well_data.ProjectName = 'P' and exists ( select "
             "b_seismic_well_vsp.wellid from b_seismic_well_vsp where b_seismic_well_vsp.wellid = "
             "w_well_data.wellid order by w_well_data.wellid");
-  EXPECT_EQ(sql_.events().at(1).result, 2);
   ASSERT_EQ(all.size(), 2u);
   EXPECT_EQ(all["W2"].at(1).VSPID, "W2_3");
 
@@ -102,7 +98,6 @@ TEST_F(VspRunTest, ListsLoadsAndDeletesByWellAndTheStatementsThatFail) {
   WellVspRecord run{"W1", "", {1}, {2}};
   EXPECT_FALSE(object_->SaveVsp(run));
   EXPECT_EQ(run.VSPID, "W1_1");  // the max query failed
-  EXPECT_FALSE(object_->DeleteVsp("W2", "W2_3"));
   EXPECT_TRUE(messages_.messages().empty());
 }
 
@@ -152,8 +147,6 @@ TEST_F(WaveletTest, NamesTypesListsAndDeletes) {
   std::vector<WaveletRecord> loaded;
   ASSERT_TRUE(object_->LoadSurveyTypeWavelets(1, "S", 2, loaded));
   EXPECT_EQ(loaded.size(), 1u);
-  ASSERT_TRUE(object_->LoadTypeWavelets(1, 3, loaded));
-  EXPECT_EQ(loaded.size(), 1u);
 
   Texts existing;
   sql_.clear();
@@ -162,12 +155,9 @@ TEST_F(WaveletTest, NamesTypesListsAndDeletes) {
             "select WaveletName from s_wavelet_data where ProjectID = 1 and Survey_Name='S'and WaveletName in "
             "('a','x','b')");
   EXPECT_EQ(existing.size(), 2u);
-  ASSERT_TRUE(object_->DeleteWavelets(1, "S", {"a", "b"}));
-  EXPECT_FALSE(object_->IsWaveletExist(1, "S", "a"));
-  EXPECT_TRUE(object_->DeleteWavelet(1, "T", "a"));
+  ASSERT_TRUE(object_->DeleteWavelets(1, "S", {"a", "b"}) && object_->DeleteWavelet(1, "T", "a"));
   EXPECT_FALSE(object_->LoadProjectWavelets(1, loaded));
   EXPECT_TRUE(object_->DeleteSurveyWavelets(2, "S"));
-  EXPECT_TRUE(object_->DeleteProjectWavelets(2));
   EXPECT_EQ(Query("select count(*) from s_wavelet_data"), Texts{"0"});
   EXPECT_FALSE(object_->GetExistingWavelets(1, "S", {}, existing));  // "in ()" cannot run
 }
@@ -204,15 +194,12 @@ TEST_F(ShotTest, ProjectsAndWellListsAndTheEmptyKeyMessages) {
   ASSERT_TRUE(object_->GetWellsWithShots({"W2", "W3"}, found));
   EXPECT_EQ(found, (Texts{"W3", "W3"}));
 
-  EXPECT_FALSE(object_->SaveWellShots("", {Shot(1, 1)}));
-  EXPECT_FALSE(object_->DeleteWellShots(""));
+  // Even the question of an empty well shows a message.
   EXPECT_FALSE(object_->HasWellShots(""));
   EXPECT_FALSE(object_->DeleteProjectShots(""));
-  const std::string well = "井名称不能为空！";
-  EXPECT_EQ(messages_.texts(), (Texts{well, well, well, "工区名称不能为空！"}));
+  EXPECT_EQ(messages_.texts(), (Texts{"井名称不能为空！", "工区名称不能为空！"}));
   ASSERT_TRUE(object_->DeleteProjectShots("P"));
-  EXPECT_FALSE(object_->HasWellShots("W1"));
-  EXPECT_TRUE(object_->HasWellShots("W3"));
+  EXPECT_TRUE(!object_->HasWellShots("W1") && object_->HasWellShots("W3"));
   ASSERT_TRUE(object_->DeleteWellsShots({"W3"}));
   EXPECT_EQ(Query("select count(*) from w_shot_data"), Texts{"0"});
 }
@@ -229,9 +216,6 @@ TEST_F(ShockBodyTest, PointsAppendUntilClearedAndPassThroughSinglePrecision) {
   EXPECT_EQ(points[0], p);
   ASSERT_TRUE(object_->ClearShockBody());
   EXPECT_FALSE(object_->LoadShockBody(points));
-  Exec("drop table b_earthshockbody_data");
-  EXPECT_FALSE(object_->SaveShockBody({p}));
-  EXPECT_FALSE(object_->ClearShockBody());
 }
 
 // The host: checkshots from CSV and LAS become VSP runs.
@@ -281,10 +265,8 @@ TEST_F(VspImportTest, BadInputWritesNothing) {
   EXPECT_EQ(RunPetrodb("vsp import " + file_ + " W9 " + good).code, 1);  // unknown well
   EXPECT_EQ(RunPetrodb("vsp import " + file_ + " W1 " + Write("a.csv", "MD,TWT\n1000,x\n")).code, 1);
   EXPECT_EQ(RunPetrodb("vsp import " + file_ + " W1 " + Write("b.csv", "MD,TVDSS,TWT\n1,2,3\n")).code, 1);
-  EXPECT_EQ(RunPetrodb("vsp import " + file_ + " W1 " + Write("c.csv", "MD,TWT\n")).code, 1);
   const std::string noTime = Write("d.las", "~V\n VERS. 2.0 :\n~C\n DEPT.M :\n GR.API :\n~A\n1 2\n");
   EXPECT_EQ(RunPetrodb("las import " + file_ + " W1 " + noTime + " --checkshot").code, 1);
-  EXPECT_EQ(RunPetrodb("vsp import " + file_ + " W1").code, 2);
   EXPECT_EQ(Query("select count(*) from b_seismic_well_vsp"), Texts{"0"});
 }
 
