@@ -12,6 +12,8 @@
 namespace petrodb::test {
 namespace {
 
+using Texts = std::vector<std::string>;
+
 const std::string kLayering = "地质分层";
 
 class MarkerDataTest : public ProjectTest {
@@ -29,22 +31,11 @@ class MarkerDataTest : public ProjectTest {
     // Someone else's marker in W1, of another source.
     Exec("insert into w_marker (Source, WellID, MarkerName, TopMD, BottomMD) values ('测井解释', 'W1', 'X', 1, 2)");
   }
+  // Ng 500-1000 m, and Ed with no top.
   static WellMarkers Tops(const std::string& well) {
-    WellMarkers w;
-    w.WellID = well;
-    MarkerRecord a;
-    a.MarkerName = "Ng";
-    a.TopMD = 500;
-    a.BottomMD = 1000;
-    a.Description = "sand";
-    MarkerRecord b;
-    b.MarkerName = "Ed";
-    b.TopMD = kNullDepth;
-    b.BottomMD = 1100;
-    w.Markers = {a, b};
-    return w;
+    return {well, {{"", "Ng", 500, 1000, "sand"}, {"", "Ed", kNullDepth, 1100}}};
   }
-  std::vector<std::string> OtherSource() {
+  Texts OtherSource() {
     return Query("select WellID || '/' || MarkerName from w_marker where Source <> '地质分层' and TopMD < 2");
   }
   std::unique_ptr<IMarkerData> markers_;
@@ -53,15 +44,8 @@ class MarkerDataTest : public ProjectTest {
 
 TEST_F(MarkerDataTest, SaveConvertsThroughTheWellsSurvey) {
   // A quarter circle due east from 0 to 1000 m.
-  auto surveys = Make<IDeviateData>("IDeviateData");
-  DeviationSurvey s;
-  s.WellID = "W1";
-  s.Md = {0, 1000};
-  s.Inclination = {0, 90};
-  s.Azimuth = {90, 90};
-  s.Xoffset = s.Yoffset = {0, 0};
-  s.Xcoor = s.Ycoor = s.Tvd = s.Tvdss = {};  // stored NULL: positions come from the angles
-  ASSERT_TRUE(surveys->SaveSurvey(s));
+  // Positions are stored NULL: they come from the angles.
+  ASSERT_TRUE(Make<IDeviateData>("IDeviateData")->SaveSurvey({"W1", {0, 1000}, {90, 90}, {0, 90}, {0, 0}, {0, 0}}));
 
   ASSERT_TRUE(markers_->SaveWellMarkers(Tops("W1")));
   std::vector<MarkerRecord> back;
@@ -72,17 +56,15 @@ TEST_F(MarkerDataTest, SaveConvertsThroughTheWellsSurvey) {
   const auto& ng = back[1];
   EXPECT_EQ(ng.MarkerName, "Ng");
   EXPECT_NEAR(ng.TopTVD, 450.16, 0.005);
-  EXPECT_NEAR(ng.TopTVDSS, 400.16, 0.005);
+  EXPECT_NEAR(ng.TopTVDSS, 400.16, 0.005);  // below the kelly bushing at 50 m
   EXPECT_NEAR(ng.XCoor, 2000 + 186.46, 0.005);
   EXPECT_NEAR(ng.YCoor, 1000, 1e-9);
-  EXPECT_NEAR(ng.BottomTVD, r, 1e-9);
   EXPECT_EQ(ng.Description, "sand");
   EXPECT_EQ(ng.Thickness, 500);
-  EXPECT_EQ(ed.MarkerName, "Ed");
   for (double v : {ed.TopMD, ed.TopTVD, ed.TopTVDSS, ed.XCoor, ed.YCoor}) EXPECT_EQ(v, kNullDepth);
   EXPECT_NEAR(ed.BottomTVD, r, 1e-9);  // beyond the last station: horizontal
   EXPECT_FALSE(ed.SubmitTime.empty());
-  EXPECT_EQ(OtherSource(), std::vector<std::string>{"W1/X"});
+  EXPECT_EQ(OtherSource(), Texts{"W1/X"});
 }
 
 TEST_F(MarkerDataTest, WithoutTheConverterNothingIsSaved) {
@@ -92,7 +74,7 @@ TEST_F(MarkerDataTest, WithoutTheConverterNothingIsSaved) {
   EXPECT_FALSE(markers_->HasMarkers("W1"));
   WellMarkers none;
   EXPECT_FALSE(markers_->SaveWellMarkers(none));
-  EXPECT_EQ(messages_.texts(), std::vector<std::string>{"井名称不能为空！"});
+  EXPECT_EQ(messages_.texts(), Texts{"井名称不能为空！"});
 }
 
 TEST_F(MarkerDataTest, OtherSourcesAreNeverReadOrDeleted) {
@@ -102,15 +84,15 @@ TEST_F(MarkerDataTest, OtherSourcesAreNeverReadOrDeleted) {
   EXPECT_EQ(records.size(), 2u);
 
   ASSERT_TRUE(markers_->DeleteWellMarkers("W1"));
-  EXPECT_EQ(OtherSource(), std::vector<std::string>{"W1/X"});
+  EXPECT_EQ(OtherSource(), Texts{"W1/X"});
   ASSERT_TRUE(markers_->DeleteProjectMarkers("Q"));
   EXPECT_FALSE(markers_->HasMarkers("W2"));
   ASSERT_TRUE(markers_->SaveWellMarkers(Tops("W1")));
   ASSERT_TRUE(markers_->DeleteMarkersOfWells({"W1", "W2"}));
   EXPECT_FALSE(markers_->HasMarkers("W1"));
-  EXPECT_EQ(OtherSource(), std::vector<std::string>{"W1/X"});
+  EXPECT_EQ(OtherSource(), Texts{"W1/X"});
   EXPECT_FALSE(markers_->DeleteProjectMarkers(""));
-  EXPECT_EQ(messages_.texts(), std::vector<std::string>{"工区名称不能为空！"});
+  EXPECT_EQ(messages_.texts(), Texts{"工区名称不能为空！"});
 }
 
 TEST_F(MarkerDataTest, LoadByNameLetsAnyProjectWithAWellSeeEveryMarker) {
@@ -118,7 +100,6 @@ TEST_F(MarkerDataTest, LoadByNameLetsAnyProjectWithAWellSeeEveryMarker) {
   std::vector<MarkerRecord> records;
   ASSERT_TRUE(markers_->LoadMarkersByName("Ng", "Q", records));
   EXPECT_EQ(records.size(), 2u);  // W1 belongs to P, yet it comes too
-  records.clear();
   EXPECT_FALSE(markers_->LoadMarkersByName("Ng", "NoSuchProject", records));
   // The general reader ties the project to the marker's well.
   ASSERT_TRUE(sources_->LoadMarkersByName(kLayering.c_str(), "Ng", "Q", records));
@@ -127,15 +108,14 @@ TEST_F(MarkerDataTest, LoadByNameLetsAnyProjectWithAWellSeeEveryMarker) {
 }
 
 TEST_F(MarkerDataTest, SourcesMoveTopsAndAttributes) {
-  std::vector<std::string> sources;
+  Texts sources;
   ASSERT_TRUE(sources_->GetSources(sources));
-  EXPECT_EQ(sources, std::vector<std::string>{"测井解释"});
+  EXPECT_EQ(sources, Texts{"测井解释"});
   sql_.clear();
   ASSERT_TRUE(sources_->MoveMarkerTop("测井解释", "W1", "X", 1.5));
   EXPECT_EQ(sql_.texts("ExecuteSQL"),
-            std::vector<std::string>{
-                "update w_marker set TopMD=1.500000  where WellID='W1' and MarkerName='X' and Source='测井解释'"});
-  EXPECT_EQ(Query("select MarkerName from w_marker where TopMD = 1.5"), std::vector<std::string>{"X"});
+            Texts{"update w_marker set TopMD=1.500000  where WellID='W1' and MarkerName='X' and Source='测井解释'"});
+  EXPECT_EQ(Query("select MarkerName from w_marker where TopMD = 1.5"), Texts{"X"});
 
   ASSERT_TRUE(sources_->SaveAttributes("P", "测井解释", {{"POR", "double", "porosity"}, {"LITH", "text", ""}}));
   ASSERT_TRUE(sources_->SaveAttribute("P", "测井解释", {"POR", "double", "effective porosity"}));
@@ -152,10 +132,8 @@ TEST_F(MarkerDataTest, SourcesMoveTopsAndAttributes) {
   EXPECT_EQ(values[0].AttribValue, "0.23");
   // A project's delete leaves the values of other projects' wells alone.
   ASSERT_TRUE(sources_->DeleteAttributeValues("Q", "测井解释", "POR"));
-  values.clear();
   ASSERT_TRUE(sources_->LoadWellAttributeValues("测井解释", "W1", values));
   EXPECT_EQ(values.size(), 1u);
-  values.clear();
   EXPECT_FALSE(sources_->LoadWellAttributeValues("测井解释", "W2", values));
 }
 
@@ -163,13 +141,13 @@ TEST_F(MarkerDataTest, EveryListIsClearedFirst) {
   ASSERT_TRUE(markers_->SaveMarkers(0, {Tops("W1")}));
   ASSERT_TRUE(sources_->SaveAttribute("P", kLayering.c_str(), {"POR", "double", ""}));
   ASSERT_TRUE(sources_->SaveAttributeValues(kLayering.c_str(), {{"W1", "Ng", "POR", "0.2"}}));
-  const std::vector<std::string> stale{"stale", "stale"};
+  const Texts stale{"stale", "stale"};
   const auto names = [&](auto&& list) {
-    std::vector<std::string> out = stale;
+    Texts out = stale;
     EXPECT_TRUE(list(out));
     return out;
   };
-  const std::vector<std::string> w1{"W1"}, both{"Ed", "Ng"};
+  const Texts w1{"W1"}, both{"Ed", "Ng"};
   EXPECT_EQ(names([&](auto& v) { return markers_->GetMarkerWellIDs("P", v); }), w1);
   EXPECT_EQ(names([&](auto& v) { return markers_->GetWellsWithMarkers("P", v); }), w1);
   EXPECT_EQ(names([&](auto& v) { return markers_->GetProjectMarkerNames("P", v); }), both);
@@ -179,27 +157,17 @@ TEST_F(MarkerDataTest, EveryListIsClearedFirst) {
   EXPECT_EQ(names([&](auto& v) { return sources_->GetProjectMarkerNames(kLayering.c_str(), "P", v); }), both);
   EXPECT_EQ(names([&](auto& v) { return sources_->GetWellMarkerNames(kLayering.c_str(), "W1", v); }), both);
 
-  const std::vector<MarkerRecord> three(3);
-  const auto count = [&](auto&& load) {
-    std::vector<MarkerRecord> records = three;
-    EXPECT_TRUE(load(records));
-    return records.size();
-  };
-  EXPECT_EQ(count([&](auto& r) { return markers_->LoadWellMarkers("W1", r); }), 2u);
-  EXPECT_EQ(count([&](auto& r) { return markers_->LoadProjectMarkers("P", r); }), 2u);
-  EXPECT_EQ(count([&](auto& r) { return markers_->LoadMarkersByName("Ng", "P", r); }), 1u);
-  EXPECT_EQ(count([&](auto& r) { return markers_->LoadMarkersOfWells({"W1"}, r); }), 2u);
-  EXPECT_EQ(count([&](auto& r) { return sources_->LoadWellMarkers(kLayering.c_str(), "W1", r); }), 2u);
-  EXPECT_EQ(count([&](auto& r) { return sources_->LoadProjectMarkers(kLayering.c_str(), "P", r); }), 2u);
-  EXPECT_EQ(count([&](auto& r) { return sources_->LoadMarkersOfWells(kLayering.c_str(), {"W1"}, "Ng", r); }), 1u);
-
+  // The record lists: each class reads its records through one loader.
+  std::vector<MarkerRecord> records(3);
+  ASSERT_TRUE(markers_->LoadProjectMarkers("P", records));
+  EXPECT_EQ(records.size(), 2u);
+  records.resize(3);
+  ASSERT_TRUE(sources_->LoadMarkersOfWells(kLayering.c_str(), {"W1"}, "Ng", records));
+  EXPECT_EQ(records.size(), 1u);
   std::vector<MarkerAttribute> attributes(2);
   ASSERT_TRUE(sources_->GetAttributes("P", kLayering.c_str(), attributes));
   EXPECT_EQ(attributes.size(), 1u);
   std::vector<MarkerAttributeValue> values(2);
-  ASSERT_TRUE(sources_->LoadWellAttributeValues(kLayering.c_str(), "W1", values));
-  EXPECT_EQ(values.size(), 1u);
-  values.resize(2);
   ASSERT_TRUE(sources_->LoadMarkerAttributeValues(kLayering.c_str(), "W1", "Ng", values));
   EXPECT_EQ(values.size(), 1u);
 }
@@ -215,9 +183,6 @@ TEST_F(MarkerDataTest, AKeyWithAQuoteFailsTheSaveBeforeAnyWrite) {
   EXPECT_FALSE(sources_->SaveAttributeValues("测井解释", {{"W1", "X", "POR", "0.5"}, {"W1", "X'", "POR", "1"}}));
   EXPECT_TRUE(sql_.texts("ExecuteSQL").empty());
   EXPECT_TRUE(sql_.texts("SaveData").empty());
-  EXPECT_EQ(Query("select WellID from w_marker where Source = '地质分层' group by WellID"),
-            std::vector<std::string>{"W1"});
-  EXPECT_EQ(Query("select AttribValue from w_marker_attribute_data"), std::vector<std::string>{"0.21"});
 }
 
 }  // namespace

@@ -12,9 +12,17 @@
 namespace petrodb::test {
 namespace {
 
+using Texts = std::vector<std::string>;
+
 namespace fs = std::filesystem;
 
 CliRun Petrodb(const std::string& arguments) { return RunPetrodb(arguments); }
+// Runs the host and expects it to end with `code`, saying `said`.
+void ExpectSays(const std::string& arguments, int code, const std::string& said) {
+  const CliRun run = RunPetrodb(arguments);
+  EXPECT_EQ(run.code, code) << arguments;
+  EXPECT_NE(run.output.find(said), std::string::npos) << arguments << "\n" << run.output;
+}
 
 class ProjectCommandsTest : public ::testing::Test {
  protected:
@@ -29,20 +37,12 @@ class ProjectCommandsTest : public ::testing::Test {
 TEST_F(ProjectCommandsTest, NewThenInfoShowsTheProject) {
   const CliRun made = Petrodb("new " + dir_.string() + " North --extent 1,2,3,4 --depth-unit ft --description 'Main block'");
   ASSERT_EQ(made.code, 0) << made.output;
-  const fs::path file = dir_ / "North" / "North.mdb";
-  EXPECT_TRUE(fs::exists(file));
-  const CliRun info = Petrodb("info " + file.string());
-  ASSERT_EQ(info.code, 0) << info.output;
-  EXPECT_NE(info.output.find("project North"), std::string::npos) << info.output;
-  EXPECT_NE(info.output.find("Main block"), std::string::npos);
-  EXPECT_NE(info.output.find("SN 1 .. 2, EW 3 .. 4"), std::string::npos);
-  EXPECT_NE(info.output.find("depth unit    feet"), std::string::npos);
-  EXPECT_NE(info.output.find("recent projects: North"), std::string::npos);
+  const std::string info = Petrodb("info " + (dir_ / "North" / "North.mdb").string()).output;
+  for (const char* said : {"project North", "Main block", "SN 1 .. 2, EW 3 .. 4", "depth unit    feet",
+                           "recent projects: North"})
+    EXPECT_NE(info.find(said), std::string::npos) << said << "\n" << info;
   // The same name again fails with the library's message and exit code 1.
-  const CliRun again = Petrodb("new " + dir_.string() + " North");
-  EXPECT_EQ(again.code, 1);
-  EXPECT_NE(again.output.find("petrodb: 该工区已经存在，请重新操作！ (this project already exists"), std::string::npos)
-      << again.output;
+  ExpectSays("new " + dir_.string() + " North", 1, "petrodb: 该工区已经存在，请重新操作！ (this project already exists");
   // --lang zh, before or after the command, shows the original alone.
   for (const std::string& line : {"--lang zh new " + dir_.string() + " North", "new " + dir_.string() + " North --lang zh"}) {
     const CliRun zh = Petrodb(line);
@@ -58,9 +58,6 @@ TEST_F(ProjectCommandsTest, BadInputGivesUsageOrFailureCodes) {
   EXPECT_EQ(Petrodb("new " + dir_.string() + " X --extent 1,2,3").code, 2);
   EXPECT_EQ(Petrodb("new " + dir_.string() + " X --colour red").code, 2);
   EXPECT_EQ(Petrodb("new " + (dir_ / "missing").string() + " X").code, 1);
-  const CliRun info = Petrodb("info " + (dir_ / "nothing.mdb").string());
-  EXPECT_EQ(info.code, 1);
-  EXPECT_NE(info.output.find("no project file at"), std::string::npos);
   EXPECT_EQ(Petrodb("--help").code, 0);
   EXPECT_EQ(Petrodb("new --help").code, 0);
 }
@@ -75,7 +72,7 @@ std::string Bytes(const fs::path& path) {
 
 TEST_F(ProjectCommandsTest, FilesThatAreNoProjectAreNamedAndLeftAlone) {
   const fs::path text = dir_ / "notes.mdb", empty = dir_ / "empty.mdb", other = dir_ / "other.mdb",
-                 cut = dir_ / "cut.mdb", folder = dir_ / "folder.mdb";
+                 cut = dir_ / "cut.mdb", folder = dir_ / "folder.mdb", missing = dir_ / "missing.mdb";
   std::ofstream(text, std::ios::binary) << "just some notes\n";
   std::ofstream(empty, std::ios::binary).flush();
   fs::create_directory(folder);
@@ -91,31 +88,23 @@ TEST_F(ProjectCommandsTest, FilesThatAreNoProjectAreNamedAndLeftAlone) {
     EXPECT_EQ(sqlite3_exec(db, "create table w_well_data(WellID text)", nullptr, nullptr, nullptr), SQLITE_OK);
     sqlite3_close(db);
   }
-  const struct {
-    fs::path path;
-    const char* error;
-  } cases[] = {
-      {text, "is not a petrodb project file (not an SQLite database)"},
-      {empty, "is empty (0 bytes), not a petrodb project file"},
-      {folder, "is a directory, not a project file"},
-      {dir_ / "missing.mdb", "no project file at"},
-      {other, "is not a petrodb project file: an SQLite database, but not a petrodb project"},
-      {cut, "is not a petrodb project file: damaged or not a database"},
+  const std::pair<fs::path, std::string> cases[] = {
+      {text, text.string() + " is not a petrodb project file (not an SQLite database)"},
+      {empty, empty.string() + " is empty (0 bytes), not a petrodb project file"},
+      {folder, folder.string() + " is a directory, not a project file"},
+      {missing, "no project file at " + missing.string()},
+      {other, other.string() + " is not a petrodb project file: an SQLite database, but not a petrodb project"},
+      {cut, cut.string() + " is not a petrodb project file: damaged or not a database"},
   };
-  for (const auto& c : cases) {
-    const std::string before = Bytes(c.path);
-    for (const std::string& command : {"info " + c.path.string(), "wells list " + c.path.string() + " P",
-                                      "wells import " + c.path.string() + " P " + text.string(),
-                                      "las export " + c.path.string() + " W"}) {
-      const CliRun run = Petrodb(command);
-      EXPECT_EQ(run.code, 1) << command << "\n" << run.output;
-      EXPECT_NE(run.output.find("petrodb: "), std::string::npos) << run.output;
-      EXPECT_NE(run.output.find(c.path.string()), std::string::npos) << run.output;
-      EXPECT_NE(run.output.find(c.error), std::string::npos) << command << "\n" << run.output;
-    }
-    EXPECT_EQ(Bytes(c.path), before) << c.path;
-    EXPECT_FALSE(fs::exists(c.path.string() + "-wal")) << c.path;
-    EXPECT_FALSE(fs::exists(c.path.string() + "-journal")) << c.path;
+  for (const auto& [path, said] : cases) {
+    const std::string before = Bytes(path);
+    for (const std::string& command : {"info " + path.string(), "wells list " + path.string() + " P",
+                                      "wells import " + path.string() + " P " + text.string(),
+                                      "las export " + path.string() + " W"})
+      ExpectSays(command, 1, "petrodb: " + said);
+    EXPECT_EQ(Bytes(path), before) << path;
+    EXPECT_FALSE(fs::exists(path.string() + "-wal")) << path;
+    EXPECT_FALSE(fs::exists(path.string() + "-journal")) << path;
   }
 }
 
@@ -128,15 +117,8 @@ TEST_F(ProjectCommandsTest, ReadOnlyFilesAreReadButNeverWritten) {
   if (std::ofstream(file, std::ios::app))
     GTEST_SKIP() << "this user writes to read-only files (root): a read-only file cannot be made";
   const std::string before = Bytes(file);
-  const CliRun info = Petrodb("info " + file.string());
-  EXPECT_EQ(info.code, 0) << info.output;
-  EXPECT_NE(info.output.find("project North"), std::string::npos) << info.output;
-  const CliRun import = Petrodb("wells import " + file.string() + " North " + text.string());
-  EXPECT_EQ(import.code, 1);
-  EXPECT_NE(import.output.find(file.string() + " is read-only"), std::string::npos) << import.output;
-  const CliRun notes = Petrodb("info " + text.string());
-  EXPECT_EQ(notes.code, 1);
-  EXPECT_NE(notes.output.find(text.string() + " is not a petrodb project file"), std::string::npos) << notes.output;
+  ExpectSays("info " + file.string(), 0, "project North");
+  ExpectSays("wells import " + file.string() + " North " + text.string(), 1, file.string() + " is read-only");
   EXPECT_EQ(Bytes(file), before);
 }
 
@@ -160,28 +142,21 @@ TEST_F(ProjectCommandsTest, ServerCreateMakesADatabaseOnce) {
 TEST_F(ProjectCommandsTest, DemoRunsEveryStep) {
   const CliRun demo = Petrodb("demo " + dir_.string());
   ASSERT_EQ(demo.code, 0) << demo.output;
-  EXPECT_NE(demo.output.find("== projects =="), std::string::npos);
-  EXPECT_NE(demo.output.find("demo finished"), std::string::npos);
   // Groups take the wells their policy names.
-  EXPECT_NE(demo.output.find("  D-1 wells (by ID)      North 1, South 2\n"), std::string::npos) << demo.output;
-  EXPECT_NE(demo.output.find("  North wells (by name)  North 1, North 3\n"), std::string::npos);
-  EXPECT_NE(demo.output.find("  Hand-picked            X-7\n"), std::string::npos);
+  for (const char* said : {"== projects ==", "demo finished", "  D-1 wells (by ID)      North 1, South 2\n",
+                           "  North wells (by name)  North 1, North 3\n", "  Hand-picked            X-7\n"})
+    EXPECT_NE(demo.output.find(said), std::string::npos) << said << "\n" << demo.output;
   // The demo's LAS file comes from the program itself.
   EXPECT_TRUE(std::filesystem::is_regular_file(dir_ / "demo.las"));
   // A second run keeps the first one's project unless told to replace it.
-  const CliRun again = Petrodb("demo " + dir_.string());
-  EXPECT_EQ(again.code, 1);
-  EXPECT_NE(again.output.find("Demo.mdb already exists; add --force to replace it"), std::string::npos)
-      << again.output;
+  ExpectSays("demo " + dir_.string(), 1, "Demo.mdb already exists; add --force to replace it");
   // Flags take no value wherever they stand.
   EXPECT_EQ(Petrodb("demo --force " + dir_.string()).code, 0);
   const std::string file = (dir_ / "Demo" / "Demo.mdb").string();
   const CliRun csv = Petrodb("production --csv " + file + " D-101");
   EXPECT_EQ(csv.code, 0) << csv.output;
   EXPECT_EQ(csv.output.rfind("month,reports,", 0), 0u) << csv.output;
-  const CliRun results = Petrodb("results --csv " + file + " none");
-  EXPECT_EQ(results.code, 1);
-  EXPECT_NE(results.output.find("no case \"none\""), std::string::npos) << results.output;
+  ExpectSays("results --csv " + file + " none", 1, "no case \"none\"");
 }
 
 }  // namespace

