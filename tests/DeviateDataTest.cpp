@@ -7,6 +7,8 @@
 namespace petrodb::test {
 namespace {
 
+using Texts = std::vector<std::string>;
+
 class DeviateDataTest : public ObjectTest<IDeviateData, "IDeviateData"> {
  protected:
   static DeviationSurvey Full(const std::string& well) {
@@ -23,6 +25,7 @@ class DeviateDataTest : public ObjectTest<IDeviateData, "IDeviateData"> {
     s.Tvdss = {-50, 49.99, 149.9};
     return s;
   }
+  Texts Stored() { return Query("select WellID from w_deviate_well order by WellID"); }
 };
 
 void ExpectSame(const DeviationSurvey& a, const DeviationSurvey& b) {
@@ -33,36 +36,36 @@ void ExpectSame(const DeviationSurvey& a, const DeviationSurvey& b) {
     EXPECT_EQ(a.*m, b.*m);
 }
 
-TEST_F(DeviateDataTest, SaveReplacesTheRowAndLoadsItBackUnchanged) {
+TEST_F(DeviateDataTest, SaveReplacesTheRowAndWithoutStationsRemovesIt) {
   ASSERT_TRUE(object_->SaveSurvey(Full("W1")));
   ASSERT_TRUE(object_->SaveSurvey(Full("W1")));
-  EXPECT_EQ(Query("select WellID from w_deviate_well"), std::vector<std::string>{"W1"});
+  EXPECT_EQ(Stored(), Texts{"W1"});
   DeviationSurvey back;
   ASSERT_TRUE(object_->LoadSurvey("W1", back));
   ExpectSame(back, Full("W1"));
-  EXPECT_FALSE(object_->IsSurveyExist("W2"));
-}
-
-TEST_F(DeviateDataTest, SavingWithoutStationsRemovesTheSurvey) {
+  back.Md.clear();
+  EXPECT_TRUE(object_->SaveSurvey(back));
+  EXPECT_TRUE(Stored().empty());
+  EXPECT_FALSE(object_->SaveSurvey(DeviationSurvey{}));
+  EXPECT_EQ(messages_.texts(), Texts{"井名称不能为空！"});
+  // A well ID with a quote fails the save before any write.
   ASSERT_TRUE(object_->SaveSurvey(Full("W1")));
-  DeviationSurvey empty = Full("W1");
-  empty.Md.clear();
-  EXPECT_TRUE(object_->SaveSurvey(empty));
-  EXPECT_TRUE(Query("select WellID from w_deviate_well").empty());
-  DeviationSurvey none;
-  EXPECT_FALSE(object_->SaveSurvey(none));
-  EXPECT_EQ(messages_.texts(), std::vector<std::string>{"井名称不能为空！"});
+  sql_.clear();
+  EXPECT_FALSE(object_->SaveSurvey(Full("W'1")));
+  EXPECT_FALSE(object_->SaveSurveys(0, {Full("W1"), Full("W'2")}));
+  EXPECT_TRUE(sql_.texts("ExecuteSQL").empty());
+  EXPECT_TRUE(sql_.texts("SaveData").empty());
+  EXPECT_EQ(Stored(), Texts{"W1"});
 }
 
 TEST_F(DeviateDataTest, BatchSaveDropsSurveysWithoutTvdOrXcoorButDeletesTheirRows) {
   ASSERT_TRUE(object_->SaveSurvey(Full("W1")));
   ASSERT_TRUE(object_->SaveSurvey(Full("W2")));
-  DeviationSurvey noTvd = Full("W1");
+  DeviationSurvey noTvd = Full("W1"), noX = Full("W3");
   noTvd.Tvd.clear();
-  DeviationSurvey noX = Full("W3");
   noX.Xcoor.clear();
   ASSERT_TRUE(object_->SaveSurveys(0, {noTvd, Full("W2"), noX}));
-  EXPECT_EQ(Query("select WellID from w_deviate_well"), std::vector<std::string>{"W2"});
+  EXPECT_EQ(Stored(), Texts{"W2"});
   // The single save keeps a survey without Tvd: it only tests Md.
   ASSERT_TRUE(object_->SaveSurvey(noTvd));
   DeviationSurvey back;
@@ -73,54 +76,29 @@ TEST_F(DeviateDataTest, BatchSaveDropsSurveysWithoutTvdOrXcoorButDeletesTheirRow
 TEST_F(DeviateDataTest, ProjectStatementsAndLists) {
   Exec("insert into w_well_data (ProjectName, WellID) values ('P', 'W1'), ('P', 'W2'), ('Q', 'W3')");
   for (const char* w : {"W1", "W2", "W3"}) ASSERT_TRUE(object_->SaveSurvey(Full(w)));
-  std::vector<DeviationSurvey> list;
+  std::vector<DeviationSurvey> list(3);
   sql_.clear();
   ASSERT_TRUE(object_->LoadProjectSurveys("P", list));
   EXPECT_EQ(sql_.texts().at(0),  // tabs as sent
             "select * from w_deviate_well where exists ( select WellID from w_well_data where ProjectName \t\t= 'P' "
             "and w_well_data.WellID = w_deviate_well.WellID )");
-  EXPECT_EQ(list.size(), 2u);
-  std::vector<std::string> found;
+  ASSERT_EQ(list.size(), 2u);
+  ExpectSame(list[1], Full(list[1].WellID));
+  ASSERT_TRUE(object_->LoadSurveys({"W1", "W4"}, list));
+  EXPECT_EQ(list.size(), 1u);
+  Texts ids{"stale"}, found{"kept"};
+  ASSERT_TRUE(object_->GetSurveyedWellIDs("Q", ids));
+  EXPECT_EQ(ids, Texts{"W3"});
+  // "Which of these wells have a survey" adds to the caller's list.
   ASSERT_TRUE(object_->GetWellsWithSurvey(0, {"W3", "W9"}, found));
-  EXPECT_EQ(found, std::vector<std::string>{"W3"});
+  EXPECT_EQ(found, (Texts{"kept", "W3"}));
 
   EXPECT_FALSE(object_->DeleteProjectSurveys(""));
-  EXPECT_EQ(messages_.texts(), std::vector<std::string>{"工区名称不能为空！"});
+  EXPECT_EQ(messages_.texts(), Texts{"工区名称不能为空！"});
   ASSERT_TRUE(object_->DeleteProjectSurveys("P"));
-  EXPECT_EQ(Query("select WellID from w_deviate_well"), std::vector<std::string>{"W3"});
+  EXPECT_EQ(Stored(), Texts{"W3"});
   ASSERT_TRUE(object_->DeleteSurveys({"W3"}));
-  EXPECT_TRUE(Query("select WellID from w_deviate_well").empty());
-}
-
-TEST_F(DeviateDataTest, ListsAreClearedFirstExceptTheFoundWells) {
-  Exec("insert into w_well_data (ProjectName, WellID) values ('P', 'W1')");
-  ASSERT_TRUE(object_->SaveSurvey(Full("W1")));
-  std::vector<std::string> ids{"stale"}, found{"kept"};
-  ASSERT_TRUE(object_->GetSurveyedWellIDs("P", ids));
-  EXPECT_EQ(ids, std::vector<std::string>{"W1"});
-  std::vector<DeviationSurvey> list(2);
-  ASSERT_TRUE(object_->LoadSurveys({"W1", "W3"}, list));
-  ASSERT_EQ(list.size(), 1u);
-  ExpectSame(list[0], Full("W1"));
-  list.resize(3);
-  ASSERT_TRUE(object_->LoadProjectSurveys("P", list));
-  EXPECT_EQ(list.size(), 1u);
-  // "Which of these wells have a survey" adds to the caller's list.
-  ASSERT_TRUE(object_->GetWellsWithSurvey(0, {"W1"}, found));
-  EXPECT_EQ(found, (std::vector<std::string>{"kept", "W1"}));
-}
-
-TEST_F(DeviateDataTest, AWellIDWithAQuoteFailsTheSaveBeforeAnyWrite) {
-  ASSERT_TRUE(object_->SaveSurvey(Full("W1")));
-  sql_.clear();
-  EXPECT_FALSE(object_->SaveSurvey(Full("W'1")));
-  DeviationSurvey stationless = Full("W'1");
-  stationless.Md.clear();
-  EXPECT_FALSE(object_->SaveSurvey(stationless));
-  EXPECT_FALSE(object_->SaveSurveys(0, {Full("W1"), Full("W'2")}));
-  EXPECT_TRUE(sql_.texts("ExecuteSQL").empty());
-  EXPECT_TRUE(sql_.texts("SaveData").empty());
-  EXPECT_EQ(Query("select WellID from w_deviate_well"), std::vector<std::string>{"W1"});
+  EXPECT_TRUE(Stored().empty());
 }
 
 }  // namespace

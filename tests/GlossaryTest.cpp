@@ -9,7 +9,7 @@
 #include <fstream>
 #include <regex>
 #include <set>
-#include <sstream>
+#include <iterator>
 #include <thread>
 
 #include "../tools/petrodb/Glossary.h"
@@ -48,9 +48,7 @@ std::set<std::string> MessageTexts() {
     const auto ext = entry.path().extension();
     if (ext != ".cpp" && ext != ".h") continue;
     std::ifstream in(entry.path());
-    std::stringstream buffer;
-    buffer << in.rdbuf();
-    const std::string s = WithoutComments(buffer.str());
+    const std::string s = WithoutComments({std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()});
     for (std::sregex_iterator m(s.begin(), s.end(), call), end; m != end; ++m) {
       std::string pattern;
       bool literal = false, other = false;
@@ -120,10 +118,9 @@ std::string StderrOf(Run run) {
   ::close(saved);
   std::fclose(out);
   std::ifstream in(file);
-  std::stringstream text;
-  text << in.rdbuf();
+  const std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
   fs::remove(file);
-  return text.str();
+  return text;
 }
 
 TEST(GlossaryTest, ProgressShowsAfterASecondOnATerminalOnly) {
@@ -135,10 +132,10 @@ TEST(GlossaryTest, ProgressShowsAfterASecondOnATerminalOnly) {
     quick.Set(10);  // under a second: nothing yet
     quick.Finish();
     std::this_thread::sleep_for(std::chrono::milliseconds(1100));
-    silent.Set(50);
-    shown.Set(50);
-    silent.Finish();
-    shown.Finish();
+    for (auto* bar : {&silent, &shown}) {
+      bar->Set(50);
+      bar->Finish();
+    }
     cli::ProgressBar::Force(-1);
   });
   EXPECT_EQ(written.find("import"), std::string::npos) << written;

@@ -1,6 +1,7 @@
 // The petrodb host's LAS commands, run as a user runs them.
 #include <fstream>
 #include <iterator>
+#include <tuple>
 
 #include "TestSupport.h"
 #include "petrodb/project/IBasicWellData.h"
@@ -19,76 +20,59 @@ class LasCommandsTest : public ProjectTest {
   void SetUp() override {
     ProjectTest::SetUp();
     if (onServer()) GTEST_SKIP() << "the host commands open project files";
-    WellRecord w1, w2;
-    w1.WellID = "W1";
-    w2.WellID = "W2";
-    ASSERT_TRUE(Make<IBasicWellData>("IBasicWellData")->AppendWells("P1", {w1, w2}));
+    std::vector<WellRecord> wells(3);
+    for (std::size_t i = 0; i < wells.size(); ++i) wells[i].WellID = "W" + std::to_string(i + 1);
+    ASSERT_TRUE(Make<IBasicWellData>("IBasicWellData")->AppendWells("P1", wells));
   }
   void SaveLog(const std::string& wellID, const std::vector<std::string>& names) {
     WellLog log;
     log.WellID = wellID;
     log.NullValue = -999.25;
-    std::vector<std::string> depthNames;
-    for (const auto& name : names) {
-      log.Curves.push_back(LogCurve{name, "M", nullptr, {1000, 1000.5, 1001}});
-      depthNames.push_back(names.front());
-    }
-    log.Link(depthNames);
-    auto logs = Make<ILogData>("ILogData");
-    ASSERT_TRUE(logs->SaveWellLog(log));
+    for (const auto& name : names) log.Curves.push_back(LogCurve{name, "M", nullptr, {1000, 1000.5, 1001}});
+    log.Link(std::vector<std::string>(names.size(), names.front()));
+    ASSERT_TRUE(Make<ILogData>("ILogData")->SaveWellLog(log));
   }
-  // Every stored curve of the well has as many samples as its depth curve.
-  void ExpectConsistent(const std::string& wellID) {
-    WellLog log;
-    ASSERT_TRUE(Make<ILogData>("ILogData")->LoadWellLog(wellID.c_str(), log));
-    for (const auto& curve : log.Curves) {
-      ASSERT_NE(curve.DepthCurve, nullptr) << curve.CurveName;
-      EXPECT_EQ(curve.Values.size(), curve.DepthCurve->Values.size()) << curve.CurveName;
-    }
+  // Exports the well to `out` and reads the file back; `said` gets what the host said.
+  las::File Export(const std::string& well, const std::string& out, std::string* said = nullptr) {
+    const CliRun run = RunPetrodb("las export " + file_ + " " + well + " --out " + out);
+    EXPECT_EQ(run.code, 0) << run.output;
+    if (said) *said = run.output;
+    las::File file;
+    std::string error;
+    EXPECT_TRUE(las::ReadFile(out, file, error)) << error;
+    return file;
   }
 };
 
-TEST_F(LasCommandsTest, ImportReadsOldMacLineEnds) {
-  const std::string path = (dir_ / "mac.las").string();
-  std::ofstream(path, std::ios::binary) << "~V\r VERS. 2.0 :\r~W\r NULL. -999.25 :\r~C\r DEPT.M :\r GR.API :\r"
-                                           "~A\r1000 45.5\r1000.5 -999.25\r";
-  const CliRun run = RunPetrodb("las import " + file_ + " W1 " + path);
-  ASSERT_EQ(run.code, 0) << run.output;
-  EXPECT_EQ(run.output, "imported 2 curves of 2 samples into well W1 (index DEPT)\n");
-  // An older version is read as 2.0, said only when asked.
+TEST_F(LasCommandsTest, ImportSaysWhatItRenamesAndReaderNotesOnlyWhenAsked) {
+  const CliRun run = RunPetrodb("las import " + file_ + " W1 " + PETRODB_TEST_SOURCE_DIR + "/tests/las/apostrophe.las");
+  EXPECT_NE(run.output.find("curve \"3'AMP\" stored as 3_AMP"), std::string::npos) << run.output;
   const std::string old = (dir_ / "old.las").string();
   std::ofstream(old, std::ios::binary) << "~V\n VERS. 1.2 :\n~C\n DEPT.M :\n GR.API :\n~A\n1000 45.5\n";
   EXPECT_EQ(RunPetrodb("las import " + file_ + " W2 " + old).output,
             "imported 2 curves of 1 samples into well W2 (index DEPT)\n");
   EXPECT_NE(RunPetrodb("las import -v " + file_ + " W2 " + old).output.find(old + ": version 1.2 read as 2.0\n"),
             std::string::npos);
-  auto logs = Make<ILogData>("ILogData");
-  WellLog back;
-  ASSERT_TRUE(logs->LoadCurves("W1", {"GR"}, back));
-  ASSERT_NE(back.Find("GR"), nullptr);
-  EXPECT_EQ(back.Find("GR")->Values, (std::vector<double>{45.5, -999.25}));
 }
 
 TEST_F(LasCommandsTest, InputsThatAreNoLasFileFailWithTheirName) {
-  const std::string text = (dir_ / "notes.txt").string();
+  const std::string text = (dir_ / "notes.txt").string(), missing = (dir_ / "missing.las").string();
+  const std::string zero = std::string(PETRODB_TEST_SOURCE_DIR) + "/tests/las/zero-samples.las";
   std::ofstream(text) << "nothing of a log\n";
   const struct {
-    std::string path;
-    std::string error;
+    std::string arguments, error;
   } cases[] = {
-      {dir_.string(), "petrodb: " + dir_.string() + ": " + dir_.string() + " is a directory, not a LAS file"},
-      {(dir_ / "missing.las").string(), "cannot open " + (dir_ / "missing.las").string() + ": No such file"},
-      {text, "petrodb: " + text + ": not a LAS file (no ~V or ~A section)"},
+      {"W1 " + dir_.string(), "petrodb: " + dir_.string() + ": " + dir_.string() + " is a directory, not a LAS file"},
+      {"W1 " + missing, "cannot open " + missing + ": No such file"},
+      {"W1 " + text, "petrodb: " + text + ": not a LAS file (no ~V or ~A section)"},
+      {"W1 " + zero, "zero-samples.las: no samples (the data section holds no depth step); nothing imported"},
+      {"W9 " + text, "petrodb: no well \"W9\" in " + file_},  // a mistyped well is named first
   };
   for (const auto& c : cases) {
-    const CliRun run = RunPetrodb("las import " + file_ + " W1 " + c.path);
+    const CliRun run = RunPetrodb("las import " + file_ + " " + c.arguments);
     EXPECT_EQ(run.code, 1) << run.output;
     EXPECT_NE(run.output.find(c.error), std::string::npos) << run.output;
   }
-  // A mistyped well is named, and nothing is written.
-  const CliRun typo = RunPetrodb("las import " + file_ + " W9 " + text);
-  EXPECT_EQ(typo.code, 1);
-  EXPECT_NE(typo.output.find("petrodb: no well \"W9\" in " + file_), std::string::npos) << typo.output;
   EXPECT_TRUE(Query("select CurveName from w_log_data").empty());
 }
 
@@ -129,42 +113,21 @@ TEST_F(LasCommandsTest, LaterImportsIntoAWellKeepItConsistent) {
     std::vector<std::pair<std::string, std::string>> rows;
     for (std::size_t i = 0; i < names.size(); ++i) rows.emplace_back(names[i], depths[i]);
     EXPECT_EQ(rows, step.rows) << step.path;
-    ExpectConsistent("W1");
+    // Every stored curve has as many samples as its depth curve.
+    WellLog log;
+    ASSERT_TRUE(Make<ILogData>("ILogData")->LoadWellLog("W1", log));
+    for (const auto& curve : log.Curves)
+      EXPECT_TRUE(curve.DepthCurve && curve.Values.size() == curve.DepthCurve->Values.size()) << curve.CurveName;
   }
   WellLog gr;
   ASSERT_TRUE(Make<ILogData>("ILogData")->LoadCurves("W1", {"GR"}, gr));
   EXPECT_EQ(gr.Find("GR")->Values, (std::vector<double>{1}));
-  EXPECT_EQ(RunPetrodb("las export " + file_ + " W1 --out " + (dir_ / "w1.las").string()).code, 0);
-}
-
-TEST_F(LasCommandsTest, ImportRenamesWhatCannotBeAKeyAndKeepsAnIndexAlone) {
-  const std::string dir = std::string(PETRODB_TEST_SOURCE_DIR) + "/tests/las/";
-  CliRun run = RunPetrodb("las import " + file_ + " W1 " + dir + "apostrophe.las");
-  ASSERT_EQ(run.code, 0) << run.output;
-  EXPECT_NE(run.output.find("curve \"3'AMP\" stored as 3_AMP"), std::string::npos) << run.output;
-
-  run = RunPetrodb("las import " + file_ + " W2 " + dir + "index-only.las");
-  ASSERT_EQ(run.code, 0) << run.output;
-  EXPECT_NE(run.output.find("imported 1 curves of 3 samples into well W2 (index DEPT)"), std::string::npos);
-  const std::string out = (dir_ / "w2.las").string();
-  run = RunPetrodb("las export " + file_ + " W2 --out " + out);  // the load drops unused depth curves first
-  ASSERT_EQ(run.code, 0) << run.output;
-  las::File file;
-  std::string error;
-  ASSERT_TRUE(las::ReadFile(out, file, error)) << error;
-  ASSERT_EQ(file.curves.size(), 1u);
-  EXPECT_EQ(file.curves[0].values, (std::vector<double>{1000, 1000.5, 1001}));
-
-  run = RunPetrodb("las import " + file_ + " W1 " + dir + "zero-samples.las");
-  EXPECT_EQ(run.code, 1);
-  EXPECT_NE(run.output.find("zero-samples.las: no samples (the data section holds no depth step); nothing imported"),
-            std::string::npos)
-      << run.output;
+  Export("W1", (dir_ / "w1.las").string());
 }
 
 // Each readable file of tests/las: imported, exported, imported into another
 // well and exported again gives the same text, with the file's curve order,
-// units, descriptions and ~W/~P items.
+// units, descriptions, samples and ~W/~P items.
 TEST_F(LasCommandsTest, ExportImportExportKeepsTheTextOfEveryFile) {
   std::vector<WellRecord> wells;
   std::vector<std::string> paths;
@@ -182,81 +145,70 @@ TEST_F(LasCommandsTest, ExportImportExportKeepsTheTextOfEveryFile) {
   }
   ASSERT_GE(paths.size(), 15u);
   ASSERT_TRUE(Make<IBasicWellData>("IBasicWellData")->AppendWells("P1", wells));
+  auto text = [](const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+  };
+  // The items an export writes from the file, not those it makes itself.
+  auto copied = [](const std::vector<las::Item>& items, bool dropWell) {
+    std::vector<std::string> out;
+    for (const auto& item : items) {
+      const std::string key = sql::AsciiLower(item.mnemonic);
+      if (key == "strt" || key == "stop" || key == "step" || key == "null" || (dropWell && key == "well")) continue;
+      out.push_back(item.mnemonic + "." + item.unit + " " + item.value + " : " + item.description);
+    }
+    return out;
+  };
   for (std::size_t i = 0; i < paths.size(); ++i) {
     SCOPED_TRACE(paths[i]);
-    const std::string well = "F" + std::to_string(i + 1), first = (dir_ / (well + "a.las")).string(),
-                      second = (dir_ / (well + "b.las")).string();
+    const std::string well = "F" + std::to_string(i + 1), first = (dir_ / (well + "a.las")).string();
     ASSERT_EQ(RunPetrodb("las import " + file_ + " " + well + "a " + paths[i]).code, 0);
-    ASSERT_EQ(RunPetrodb("las export " + file_ + " " + well + "a --out " + first).code, 0);
+    const las::File exported = Export(well + "a", first);
     ASSERT_EQ(RunPetrodb("las import " + file_ + " " + well + "b " + first).code, 0);
-    ASSERT_EQ(RunPetrodb("las export " + file_ + " " + well + "b --out " + second).code, 0);
-    auto text = [](const std::string& path) {
-      std::ifstream in(path, std::ios::binary);
-      return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-    };
-    EXPECT_EQ(text(second), text(first));
+    Export(well + "b", first + ".again");
+    EXPECT_EQ(text(first + ".again"), text(first));
 
-    las::File original, exported;
+    las::File original;
     std::string error;
-    ASSERT_TRUE(las::ReadFile(paths[i], original, error) && las::ReadFile(first, exported, error)) << error;
+    ASSERT_TRUE(las::ReadFile(paths[i], original, error)) << error;
     ASSERT_EQ(exported.curves.size(), original.curves.size());
     for (std::size_t c = 0; c < original.curves.size(); ++c) {
-      EXPECT_EQ(exported.curves[c].mnemonic, las::StorableName(original.curves[c].mnemonic));
-      EXPECT_EQ(exported.curves[c].unit, original.curves[c].unit);
-      EXPECT_EQ(exported.curves[c].description, original.curves[c].description);
+      const las::Curve &a = original.curves[c], &b = exported.curves[c];
+      EXPECT_EQ(std::tie(b.mnemonic, b.unit, b.description, b.values),
+                std::make_tuple(las::StorableName(a.mnemonic), a.unit, a.description, a.values));
     }
-    auto copied = [](const std::vector<las::Item>& items, bool dropWell) {
-      std::vector<std::string> out;
-      for (const auto& item : items) {
-        const std::string key = sql::AsciiLower(item.mnemonic);
-        if (key == "strt" || key == "stop" || key == "step" || key == "null" || (dropWell && key == "well")) continue;
-        out.push_back(item.mnemonic + "." + item.unit + " " + item.value + " : " + item.description);
-      }
-      return out;
-    };
-    const bool hadWell = original.WellItem("WELL") != nullptr;
-    EXPECT_EQ(copied(exported.well, !hadWell), copied(original.well, false));
+    EXPECT_EQ(copied(exported.well, !original.WellItem("WELL")), copied(original.well, false));
     EXPECT_EQ(copied(exported.parameters, false), copied(original.parameters, false));
   }
 }
 
 TEST_F(LasCommandsTest, ExportSkipsNamesALasFileCannotCarryAndCleansDictionaryTexts) {
   SaveLog("W1", {"DEPT", "GR", "G R", "#"});
-  auto dictionary = Make<ICurveDictionary>("ICurveDictionary");
   CurveTemplate gamma;
   gamma.CurveName = "GR";
   gamma.DisplayName = "Gamma: natural\r\nray ";
   gamma.CurveUnit = "API";
-  ASSERT_TRUE(dictionary->SaveTemplate(gamma));
-
+  ASSERT_TRUE(Make<ICurveDictionary>("ICurveDictionary")->SaveTemplate(gamma));
   const std::string out = (dir_ / "w1.las").string();
-  const CliRun run = RunPetrodb("las export " + file_ + " W1 --out " + out);
-  ASSERT_EQ(run.code, 0) << run.output;
-  EXPECT_NE(run.output.find("skipped \"G R\": the name holds a blank"), std::string::npos) << run.output;
-  EXPECT_NE(run.output.find("skipped \"#\": the name begins with '#'"), std::string::npos) << run.output;
-  las::File file;
-  std::string error;
-  ASSERT_TRUE(las::ReadFile(out, file, error)) << error;
+  std::string said;
+  const las::File file = Export("W1", out, &said);
+  EXPECT_NE(said.find("skipped \"G R\": the name holds a blank"), std::string::npos) << said;
+  EXPECT_NE(said.find("skipped \"#\": the name begins with '#'"), std::string::npos) << said;
   ASSERT_EQ(file.curves.size(), 2u);
-  EXPECT_EQ(file.curves[1].mnemonic, "GR");
-  EXPECT_EQ(file.curves[1].unit, "API");
-  EXPECT_EQ(file.curves[1].description, "Gamma; natural  ray");
-
+  EXPECT_EQ(std::tie(file.curves[1].mnemonic, file.curves[1].unit, file.curves[1].description),
+            std::make_tuple("GR", "API", "Gamma; natural  ray"));
   // The file goes back in as it came out.
-  const CliRun again = RunPetrodb("las import " + file_ + " W2 " + out);
-  ASSERT_EQ(again.code, 0) << again.output;
-  EXPECT_EQ(again.output, "imported 2 curves of 3 samples into well W2 (index DEPT)\n");
-}
+  EXPECT_EQ(RunPetrodb("las import " + file_ + " W2 " + out).output,
+            "imported 2 curves of 3 samples into well W2 (index DEPT)\n");
 
-TEST_F(LasCommandsTest, AnIndexThatCannotBeWrittenFailsAndWritesNoFile) {
-  SaveLog("W1", {"D.EPTH", "GR"});
-  const std::string out = (dir_ / "w1.las").string();
-  const CliRun run = RunPetrodb("las export " + file_ + " W1 --out " + out);
+  // An index the file cannot carry fails the export, and no file is written.
+  SaveLog("W3", {"D.EPTH", "GR"});
+  const CliRun run = RunPetrodb("las export " + file_ + " W3 --out " + out + "2");
   EXPECT_EQ(run.code, 1);
-  EXPECT_NE(run.output.find("petrodb: the depth curve \"D.EPTH\" of well W1 cannot be exported: the name holds a '.'"),
+  EXPECT_NE(run.output.find("petrodb: the depth curve \"D.EPTH\" of well W3 cannot be exported: the name holds a '.'"),
             std::string::npos)
       << run.output;
-  EXPECT_FALSE(fs::exists(out));
+  EXPECT_FALSE(fs::exists(out + "2"));
 }
 
 }  // namespace

@@ -29,14 +29,19 @@ TEST_F(WellGroupTest, SaveWritesTheRowAndOneMembershipPerWell) {
   EXPECT_EQ(Query("select WellID from w_groupwell order by WellID"), (Texts{"W1", "W2"}));
   // Saving again replaces row and members.
   ASSERT_TRUE(object_->SaveGroups("P1", {GroupRecord("G1", "north2", 1), GroupRecord("G2", "south")}, {{"W3"}}));
-  EXPECT_EQ(Query("select WellID from w_groupwell order by WellID"), Texts{"W3"});
+  EXPECT_EQ(Query("select GroupID || '/' || WellID from w_groupwell"), Texts{"G1/W3"});
   WellGroupRecord r;
   ASSERT_TRUE(object_->LoadGroup("G1", r));
-  const WellGroupRecord want = GroupRecord("G1", "north2", 1);
-  EXPECT_EQ(std::tie(r.GroupID, r.GroupName, r.GroupPolicy, r.WellIDPolicy, r.WellNamePolicy),
-            std::tie(want.GroupID, want.GroupName, want.GroupPolicy, want.WellIDPolicy, want.WellNamePolicy));
+  EXPECT_EQ(std::tie(r.GroupName, r.GroupPolicy, r.WellIDPolicy, r.WellNamePolicy),
+            std::make_tuple("north2", 1, "id-G1", "name-G1"));
   EXPECT_FALSE(object_->SaveGroup(std::string("P1"), GroupRecord("", "nameless")));
   EXPECT_TRUE(messages_.texts().empty());
+  // A group ID or project that cannot be spliced into the deletes fails before anything is written.
+  sql_.clear();
+  EXPECT_FALSE(object_->SaveGroup("P1", GroupRecord("G'1", "x"), {"W1"}));
+  EXPECT_FALSE(object_->SaveGroups("P'1", {GroupRecord("G3", "y")}, {{"W2"}}));
+  EXPECT_TRUE(sql_.texts("SaveData").empty());
+  EXPECT_EQ(Query("select GroupID from w_wellgroup order by GroupID"), (Texts{"G1", "G2"}));
 }
 
 // Every list replaces what the caller's vector held, found or not.
@@ -49,67 +54,43 @@ TEST_F(WellGroupTest, ListsAndLookups) {
   EXPECT_EQ(ids, (Texts{"G1", "G2", "G3"}));
   EXPECT_EQ(names, (Texts{"G1", "b", "c"}));  // an empty name gives the ID
   EXPECT_EQ(object_->GetGroupCount("P1"), 3);
-  EXPECT_TRUE(object_->HasGroups("P2"));
   EXPECT_FALSE(object_->HasGroups("P3"));
   EXPECT_FALSE(object_->IsGroupIDExist("P2", "G2"));
   EXPECT_TRUE(object_->IsGroupNameExist(std::string("P2"), std::string("OTHER")));
 
-  const std::vector<WellGroupRecord> stale{GroupRecord("stale", "stale")};
-  auto records = stale;
+  std::vector<WellGroupRecord> records{GroupRecord("stale", "stale")};
   ASSERT_TRUE(object_->LoadGroupsByIDs({"G1", "G9"}, records));  // any project
   EXPECT_EQ(IDs(records), (Texts{"G1", "G9"}));
-  records = stale;
   EXPECT_TRUE(object_->LoadGroupsByIDs({}, records));
   EXPECT_TRUE(records.empty());
-}
-
-TEST_F(WellGroupTest, NamesFallBackToIDs) {
-  ASSERT_TRUE(object_->SaveGroups("P1", {GroupRecord("G1", "north"), GroupRecord("G2", "south")}, {}));
-  std::vector<WellGroupRecord> records{GroupRecord("stale", "stale")};
-  ASSERT_TRUE(object_->LoadGroupsByNames({"G1", "G2"}, records));
-  EXPECT_EQ(IDs(records), (Texts{"G1", "G2"}));
-  ASSERT_TRUE(object_->LoadGroupsByNames({"south"}, records));
-  EXPECT_EQ(IDs(records), Texts{"G2"});
+  ASSERT_TRUE(object_->LoadGroupsByNames({"G1", "G3"}, records));  // no name matches: read as IDs
+  EXPECT_EQ(IDs(records), (Texts{"G1", "G3"}));
+  ASSERT_TRUE(object_->LoadGroupsByNames({"c"}, records));
+  EXPECT_EQ(IDs(records), Texts{"G3"});
   EXPECT_FALSE(object_->LoadGroupsByNames({"nothing"}, records));
   EXPECT_TRUE(records.empty());
-  EXPECT_TRUE(object_->LoadGroupsByNames({}, records));
-
   WellGroupRecord r;
   sql_.clear();
-  ASSERT_TRUE(object_->LoadGroupByName("G2", r));
-  EXPECT_EQ(r.GroupName, "south");
-  EXPECT_EQ(sql_.texts(), (Texts{"select * from w_wellgroup where GroupName = 'G2'",
-                                 "select * from w_wellgroup where GroupID = 'G2'"}));
-  EXPECT_FALSE(object_->LoadGroupByName("nothing", r));
+  ASSERT_TRUE(object_->LoadGroupByName("G3", r));
+  EXPECT_EQ(r.GroupName, "c");
+  EXPECT_EQ(sql_.texts(), (Texts{"select * from w_wellgroup where GroupName = 'G3'",
+                                 "select * from w_wellgroup where GroupID = 'G3'"}));
 }
 
 TEST_F(WellGroupTest, DeletesTakeTheMembersAlong) {
-  ASSERT_TRUE(object_->SaveGroups("P1", {GroupRecord("G1", "a"), GroupRecord("G2", "b"), GroupRecord("G3", "c")},
-                                  {{"W1"}, {"W2"}, {"W3"}}));
+  ASSERT_TRUE(object_->SaveGroups(
+      "P1", {GroupRecord("G1", "a"), GroupRecord("G2", "b"), GroupRecord("G3", "c"), GroupRecord("G4", "d")},
+      {{"W1"}, {"W2"}, {"W3"}, {"W4"}}));
   ASSERT_TRUE(object_->SaveGroup("P2", GroupRecord("G9", "other"), {"W9"}));
   EXPECT_TRUE(object_->DeleteGroup("P1", "G1"));
   EXPECT_FALSE(object_->DeleteGroup("P1", "G9"));  // not this project's
   EXPECT_TRUE(object_->DeleteGroupByName("P1", "b"));
-  EXPECT_EQ(Query("select GroupID from w_groupwell order by GroupID"), (Texts{"G3", "G9"}));
   EXPECT_TRUE(object_->DeleteGroupsByNames("P1", {"c"}));
-  EXPECT_EQ(Query("select GroupID from w_wellgroup"), Texts{"G9"});
-
+  EXPECT_EQ(Query("select GroupID from w_groupwell order by GroupID"), (Texts{"G4", "G9"}));
   // Deleting a project's groups empties the memberships of every project.
-  ASSERT_TRUE(object_->SaveGroup("P1", GroupRecord("G1", "a"), {"W1"}));
   ASSERT_TRUE(object_->DeleteProjectGroups("P1"));
   EXPECT_EQ(Query("select GroupID from w_wellgroup"), Texts{"G9"});
   EXPECT_TRUE(Query("select GroupID from w_groupwell").empty());
-}
-
-// A group ID or project that cannot be spliced into the deletes fails the
-// save before anything is written.
-TEST_F(WellGroupTest, AQuotedKeyWritesNothing) {
-  sql_.clear();
-  EXPECT_FALSE(object_->SaveGroup("P1", GroupRecord("G'1", "x"), {"W1"}));
-  EXPECT_FALSE(object_->SaveGroups("P'1", {GroupRecord("G2", "y")}, {{"W2"}}));
-  EXPECT_TRUE(Query("select GroupID from w_wellgroup").empty());
-  EXPECT_TRUE(Query("select GroupID from w_groupwell").empty());
-  EXPECT_TRUE(sql_.texts("SaveData").empty());
 }
 
 }  // namespace
