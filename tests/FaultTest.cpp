@@ -85,7 +85,9 @@ class FaultTest : public ProjectTest {
     }
   }
   void ExpectIntact() {
-    if (!onServer()) EXPECT_EQ(Query("pragma integrity_check"), std::vector<std::string>{"ok"});
+    if (!onServer()) {
+      EXPECT_EQ(Query("pragma integrity_check"), std::vector<std::string>{"ok"});
+    }
   }
   // Moves the test's project onto `disk`: the objects made from now on use the copy there.
   fs::path UseProjectOn(const SmallDisk& disk) {

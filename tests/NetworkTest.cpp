@@ -124,7 +124,9 @@ TEST_F(NetworkTest, AWholeNetworkInThreeSteps) {
   // Ordered by type; the twelve known types have a name.
   for (std::size_t i = 0; i < loadedNodes.size(); ++i) {
     const NodeRecord& n = loadedNodes[i];
-    if (i) ASSERT_LE(loadedNodes[i - 1].NodeType, n.NodeType);
+    if (i) {
+      ASSERT_LE(loadedNodes[i - 1].NodeType, n.NodeType);
+    }
     EXPECT_EQ(std::make_tuple(n.PipenetName, n.TypeName.empty()), std::make_tuple("北1", n.NodeType >= 12)) << n.NodeType;
   }
   std::vector<PipeRecord> loadedPipes;
