@@ -24,10 +24,10 @@ std::string N(int id) { return std::to_string(id); }
 // A statement from its " from " on: the select lists restate the row columns.
 std::string From(const std::string& text) { return text.substr(text.find(" from ")); }
 
-// "WellID = 'w' and <column> = 'k' and TableDate = 'd' ", the regular natural key.
-std::string WellKey(const std::string& well, const std::string& column, const std::string& key,
-                    const std::string& date) {
-  return "WellID = '" + well + "' and " + column + " = '" + key + "' and TableDate = '" + date + "' ";
+// Statements up to their condition or column list: "delete from T", "insert into T".
+std::vector<std::string> Short(std::vector<std::string> texts) {
+  for (auto& t : texts) t = t.substr(0, std::min(t.find(" where"), t.find(" (")));
+  return texts;
 }
 
 // The names every kind forms the same way from its record, list and row stems:
@@ -58,35 +58,35 @@ std::string WellKey(const std::string& well, const std::string& column, const st
   static constexpr auto deleteRows = &DI::Delete##RowStem##Rows;      \
   static constexpr auto deleteProjectRows = &DI::DeleteProject##RowStem##Rows
 
-// What a kind has unless it says otherwise: an update that cannot run, no checked insert
-// text or messages, the identifier found by the natural key, and row statements whose
-// texts are not checked (the regular shapes are checked on the sample analysis kind, the
-// odd ones where a kind has them).
-template <class Self>
+// What a kind has unless it says otherwise: an update that cannot run, no messages, and
+// statements checked in short form only (the regular texts are checked on the sample
+// analysis kind, the odd ones where a kind has them). kKey is the condition of the
+// header ("W1", "K1"), kIdKey the one its identifier is looked up by when it differs;
+// kUpdate the statement that saves it again with the value "b". In the row statements
+// '#' stands for the report's identifier; kRowExists and kDeleteRow are row 3's.
 struct Defaults {
   static constexpr bool kUpdateRuns = false;
-  static constexpr const char* kInsert = nullptr;
-  static constexpr const char* kTableMissing = nullptr;
-  static constexpr const char* kEmptyList = nullptr;
-  static constexpr const char* kDataTableMissing = nullptr;
-  template <class H>
-  static std::string IdKey(const H& h) {
-    return Self::Key(h);
-  }
-  static std::string LoadRowsText(int) { return ""; }
-  static std::string RowExistsText(int) { return ""; }
-  static std::string DeleteRowText(int) { return ""; }
+  static constexpr const char *kTableMissing = nullptr, *kEmptyList = nullptr, *kDataTableMissing = nullptr;
+  static constexpr const char *kKey = nullptr, *kIdKey = nullptr;
+  static constexpr const char *kLoadRows = nullptr, *kRowExists = nullptr, *kDeleteRow = nullptr;
 };
 
-struct SampleCase : Defaults<SampleCase> {
+struct SampleCase : Defaults {
   LAB_KIND(SampleAnalysis, SampleAnalyses, SampleAnalysis, AnalysisID, "W_SAMPLE_ANALYSIS", "W_SAMPLE_ANALYSIS_DATA");
   static constexpr bool kUpdateRuns = true;  // the only update without a comma before "where"
-  static constexpr const char* kInsert =
-      "insert into W_SAMPLE_ANALYSIS (WellID, SampleNumber, ToolType, TableCreator, TableDate, Description, "
-      "ProjectName)";
-  static constexpr const char* kTableMissing = "样品分析表为空！";
-  static constexpr const char* kEmptyList = "样品分析为空！";
+  static constexpr const char* kKey = "WellID = 'W1' and SampleNumber = 'K1' and TableDate = '2023-4-5' ";
+  static constexpr const char* kUpdate =
+      "update W_SAMPLE_ANALYSIS set ToolType = 'b',TableCreator = '张工',Description = '描述b'where WellID = 'W1' and "
+      "SampleNumber = 'K1' and TableDate = '2023-4-5'";
+  static constexpr const char *kTableMissing = "样品分析表为空！", *kEmptyList = "样品分析为空！";
   static constexpr const char* kDataTableMissing = "样品分析表为空！";
+  static constexpr const char* kLoadRows =
+      " from W_SAMPLE_ANALYSIS_DATA  a LEFT JOIN W_SAMPLE_ANALYSIS  b ON a.AnalysisID = b.AnalysisID where "
+      "a.AnalysisID = # and a.SampleNumber = 'S1'";
+  static constexpr const char* kRowExists =
+      "select * from W_SAMPLE_ANALYSIS_DATA where AnalysisID = # and SampleNumber = 'S1' and SampleDepth = '1503.250000' ";
+  static constexpr const char* kDeleteRow =
+      "delete from W_SAMPLE_ANALYSIS_DATA where AnalysisID = # and SampleNumber = 'S1' and SampleDepth = '1503.250000'";
 
   static H Make(const std::string& well, const std::string& key, const std::string& value) {
     return {well, key, "2023-4-5", 0, value, "张工", "描述" + value, ""};
@@ -94,155 +94,96 @@ struct SampleCase : Defaults<SampleCase> {
   static bool Load(HI& o, const H& k, H& out) {
     return o.LoadSampleAnalysis(k.WellID.c_str(), k.SampleNumber.c_str(), k.TableDate.c_str(), out);
   }
-  static std::string Key(const H& h) { return WellKey(h.WellID, "SampleNumber", h.SampleNumber, h.TableDate); }
-  static std::string Update(const H& h) {
-    return "update W_SAMPLE_ANALYSIS set ToolType = '" + h.ToolType + "',TableCreator = '" + h.TableCreator +
-           "',Description = '" + h.Description + "'where WellID = '" + h.WellID + "' and SampleNumber = '" +
-           h.SampleNumber + "' and TableDate = '" + h.TableDate + "'";
-  }
   static Row MakeRow(int id, int n) {
     Row r;
-    r.AnalysisID = id;
-    r.SampleNumber = "S1";
-    r.SampleDepth = 1500.25 + n;
-    r.PumpPressure = n * 0.5;
-    r.MixLiquidName = "泥浆滤液" + N(n);
-    r.iC4 = 0.125;
-    r.MarkResistivityTemp = 61.5;
+    r.AnalysisID = id, r.SampleNumber = "S1", r.SampleDepth = 1500.25 + n, r.PumpPressure = n * 0.5;
+    r.MixLiquidName = "泥浆滤液" + N(n), r.iC4 = 0.125, r.MarkResistivityTemp = 61.5;
     return r;
   }
   static bool LoadRows(DI& d, int id, std::vector<Row>& rows) { return d.LoadSampleAnalysisRows(id, "S1", rows); }
-  static std::string LoadRowsText(int id) {
-    return " from W_SAMPLE_ANALYSIS_DATA  a LEFT JOIN W_SAMPLE_ANALYSIS  b ON a.AnalysisID = b.AnalysisID where "
-           "a.AnalysisID = " +
-           N(id) + " and a.SampleNumber = 'S1'";
-  }
   static bool RowExists(DI& d, const Row& r) {
     return d.SampleAnalysisRowExists(r.AnalysisID, r.SampleNumber.c_str(), r.SampleDepth);
   }
   static bool DeleteRow(DI& d, const Row& r) {
     return d.DeleteSampleAnalysisRow(r.AnalysisID, r.SampleNumber.c_str(), r.SampleDepth);
   }
-  // Row 3's statements.
-  static std::string RowExistsText(int id) {
-    return "select * from W_SAMPLE_ANALYSIS_DATA where AnalysisID = " + N(id) +
-           " and SampleNumber = 'S1' and SampleDepth = '1503.250000' ";
-  }
-  static std::string DeleteRowText(int id) {
-    return "delete from W_SAMPLE_ANALYSIS_DATA where AnalysisID = " + N(id) +
-           " and SampleNumber = 'S1' and SampleDepth = '1503.250000'";
-  }
 };
 
-struct StressCase : Defaults<StressCase> {
+struct StressCase : Defaults {
   LAB_KIND(StressTestSampling, StressTestSamplings, StressTestSampling, SamplingID, "W_STRESS_TESTING_SAMPLING",
            "W_STRESS_TESTING_SAMPLING_DATA");
+  static constexpr const char* kUpdate =
+      "update W_STRESS_TESTING_SAMPLING set DescentTimes = '2',TotalCount = '31', TestCount = '28', SealseatCount = "
+      "'3',EffectiveCount = 'b',PumpIsolate = '是',SamplingCount = '4',Description = '描述b',TableCreator = '李工',"
+      "where WellID = 'W1'and TestTime = 'K1'and TableDate = '2022-11-30'";
   static H Make(const std::string& well, const std::string& key, const std::string& value) {
     return {well, key, "2022-11-30", 0, "2", "31", "28", "3", value, "是", "4", "描述" + value, "李工", ""};
   }
   static bool Load(HI& o, const H& k, H& out) {
     return o.LoadStressTestSampling(k.WellID.c_str(), k.TestTime.c_str(), k.TableDate.c_str(), out);
   }
-  static std::string Key(const H& h) { return WellKey(h.WellID, "TestTime", h.TestTime, h.TableDate); }
-  static std::string Update(const H& h) {
-    return "update W_STRESS_TESTING_SAMPLING set DescentTimes = '2',TotalCount = '31', TestCount = '28', "
-           "SealseatCount = '3',EffectiveCount = '" +
-           h.EffectiveCount +
-           "',PumpIsolate = '是',SamplingCount = "
-           "'4',Description = '" +
-           h.Description + "',TableCreator = '李工',where WellID = '" + h.WellID + "'and TestTime = '" + h.TestTime +
-           "'and TableDate = '2022-11-30'";
-  }
   static Row MakeRow(int id, int n) {
-    return {id,   "N" + N(n), 2100.5 + n, 2050.0 + n, 25.5, 24.75,       23.5, 25.25,
-            "好", 1.05,       88.5,       "正常",     "中", "点" + N(n), ""};
+    return {id, "N" + N(n), 2100.5 + n, 2050.0 + n, 25.5, 24.75, 23.5, 25.25, "好", 1.05, 88.5, "正常", "中", "点" + N(n), ""};
   }
   static bool LoadRows(DI& d, int id, std::vector<Row>& rows) { return d.LoadReportStressTestSamplingRows(id, rows); }
-  static bool RowExists(DI& d, const Row& r) {
-    return d.StressTestSamplingRowExists(r.SamplingID, r.SequenceNum.c_str(), r.MD);
-  }
-  static bool DeleteRow(DI& d, const Row& r) {
-    return d.DeleteStressTestSamplingRow(r.SamplingID, r.SequenceNum.c_str(), r.MD);
-  }
+  static bool RowExists(DI& d, const Row& r) { return d.StressTestSamplingRowExists(r.SamplingID, r.SequenceNum.c_str(), r.MD); }
+  static bool DeleteRow(DI& d, const Row& r) { return d.DeleteStressTestSamplingRow(r.SamplingID, r.SequenceNum.c_str(), r.MD); }
 };
 
-struct MarkerCase : Defaults<MarkerCase> {
+struct MarkerCase : Defaults {
   LAB_KIND(MarkerTest, MarkerTests, MarkerTest, TestID, "W_MARKER_TESTING", "W_MARKER_TESTING_DATA");
+  static constexpr const char* kUpdate =
+      "update W_MARKER_TESTING set BeginWellSection = 'S3',EndWellSection = 'S4',Begintime = '8:00',Endtime = '20:00',"
+      "CumOilProduction = 'b',CumGasProduction = '0',CumWaterProduction = '1.5',PressureGaugeDepth = '1800',"
+      "HydraulicLength = '35',Description = '描述b',TableCreator = '王工',Assessor = '赵工',where WellID = 'W1' and "
+      "TestNumber = 'K1' and TableDate = '2021-6-1'";
+  // The exists statement lacks a blank before its second "and".
+  static constexpr const char* kRowExists =
+      "select * from W_MARKER_TESTING_DATA where TestID = # and TestingProgram = '一开'and Cherries = '3'";
   static H Make(const std::string& well, const std::string& key, const std::string& value) {
-    return {well, key,   "2021-6-1", 0,    "S3",           "S4",   "8:00", "20:00", value,
-            "0",  "1.5", "1800",     "35", "描述" + value, "王工", "赵工", ""};
+    return {well, key, "2021-6-1", 0, "S3", "S4", "8:00", "20:00", value, "0", "1.5", "1800", "35", "描述" + value,
+            "王工", "赵工", ""};
   }
   static bool Load(HI& o, const H& k, H& out) {
     return o.LoadMarkerTest(k.WellID.c_str(), k.TestNumber.c_str(), k.TableDate.c_str(), out);
-  }
-  static std::string Key(const H& h) { return WellKey(h.WellID, "TestNumber", h.TestNumber, h.TableDate); }
-  static std::string Update(const H& h) {
-    return "update W_MARKER_TESTING set BeginWellSection = 'S3',EndWellSection = 'S4',Begintime = '8:00',Endtime = "
-           "'20:00',CumOilProduction = '" +
-           h.CumOilProduction +
-           "',CumGasProduction = '0',CumWaterProduction = "
-           "'1.5',PressureGaugeDepth = '1800',HydraulicLength = '35',Description = '" +
-           h.Description + "',TableCreator = '王工',Assessor = '赵工',where WellID = '" + h.WellID +
-           "' and TestNumber = '" + h.TestNumber + "' and TableDate = '2021-6-1'";
   }
   static Row MakeRow(int id, int n) {
     return {id, "一开", "T" + N(n), 8.5, N(n), 18.25 + n, 2.5, 71.5, 20.5, 12.5 * n, 0, 3.25, ""};
   }
   static bool LoadRows(DI& d, int id, std::vector<Row>& rows) { return d.LoadReportMarkerTestRows(id, rows); }
-  static bool RowExists(DI& d, const Row& r) {
-    return d.MarkerTestRowExists(r.TestID, r.TestingProgram.c_str(), r.Cherries.c_str());
-  }
-  static bool DeleteRow(DI& d, const Row& r) {
-    return d.DeleteMarkerTestRow(r.TestID, r.TestingProgram.c_str(), r.Cherries.c_str());
-  }
-  // The exists statement lacks a blank before its second "and".
-  static std::string RowExistsText(int id) {
-    return "select * from W_MARKER_TESTING_DATA where TestID = " + N(id) +
-           " and TestingProgram = '一开'and Cherries = '3'";
-  }
-  static std::string DeleteRowText(int id) {
-    return "delete from W_MARKER_TESTING_DATA where TestID = " + N(id) +
-           " and TestingProgram = '一开' and Cherries = '3'";
-  }
+  static bool RowExists(DI& d, const Row& r) { return d.MarkerTestRowExists(r.TestID, r.TestingProgram.c_str(), r.Cherries.c_str()); }
+  static bool DeleteRow(DI& d, const Row& r) { return d.DeleteMarkerTestRow(r.TestID, r.TestingProgram.c_str(), r.Cherries.c_str()); }
 };
 
-struct CementCase : Defaults<CementCase> {
+struct CementCase : Defaults {
   LAB_KIND(CementationQuaEval, CementationQuaEvals, QuaEval, EvaluationID, "W_CEMENT_QUALITY_EVALUATION",
            "W_QUALITY_EVALUATION_DATA");
   static constexpr const char* kDataTableMissing = "测压取样数据表为空！";
+  static constexpr const char* kKey = "WellID = 'W1' and TableDate = '2020-2-29' and TestWellSection = 'K1' ";
+  // The identifier is looked up under a second spelling of the section column.
+  static constexpr const char* kIdKey = "WellID = 'W1' and TableDate = '2020-2-29'and Testwellsection = 'K1' ";
+  static constexpr const char* kUpdate =
+      "update W_CEMENT_QUALITY_EVALUATION set CasingSize = '139.7',TechRemark = 'b', PresEvaluation = '合格',TeeDepth "
+      "= '1234.500000',BarDepth = '2345.250000',CementDepth = '1100',TransSect = '否',ShortCase1 = '1',ShortCase2 = "
+      "'2',MarkDepth = '1500',Appraiser = '钱工',Assessor = '孙工',where WellID = 'W1' and TableDate = '2020-2-29' and "
+      "TestWellSection = 'K1'";
+  // Joined the other way round, with an upper-case WHERE.
+  static constexpr const char* kLoadRows =
+      " from W_QUALITY_EVALUATION_DATA  a LEFT JOIN W_CEMENT_QUALITY_EVALUATION  b ON b.EvaluationID = a.EvaluationID "
+      "WHERE a.EvaluationID = #";
 
   // The natural key is well, table date, section: `key` is the section.
   static H Make(const std::string& well, const std::string& key, const std::string& value) {
-    return {well,   "2020-2-29", key, 0,   "139.7", value,  "合格", 1234.5, 2345.25,
-            "1100", "否",        "1", "2", "1500",  "钱工", "孙工", ""};
+    return {well, "2020-2-29", key, 0, "139.7", value, "合格", 1234.5, 2345.25, "1100", "否", "1", "2", "1500",
+            "钱工", "孙工", ""};
   }
   static bool Load(HI& o, const H& k, H& out) {
     return o.LoadCementationQuaEval(k.WellID.c_str(), k.TableDate.c_str(), k.TestWellSection.c_str(), out);
-  }
-  static std::string Key(const H& h) {
-    return "WellID = '" + h.WellID + "' and TableDate = '2020-2-29' and TestWellSection = '" + h.TestWellSection + "' ";
-  }
-  // The identifier is looked up under a second spelling of the section column.
-  static std::string IdKey(const H& h) {
-    return "WellID = '" + h.WellID + "' and TableDate = '2020-2-29'and Testwellsection = '" + h.TestWellSection + "' ";
-  }
-  static std::string Update(const H& h) {
-    return "update W_CEMENT_QUALITY_EVALUATION set CasingSize = '139.7',TechRemark = '" + h.TechRemark +
-           "', PresEvaluation = '合格',TeeDepth = '1234.500000',BarDepth = '2345.250000',CementDepth = "
-           "'1100',TransSect = '否',ShortCase1 = '1',ShortCase2 = '2',MarkDepth = '1500',Appraiser = '钱工',Assessor "
-           "= '孙工',where WellID = '" +
-           h.WellID + "' and TableDate = '2020-2-29' and TestWellSection = '" + h.TestWellSection + "'";
   }
   static Row MakeRow(int id, int n) {
     return {id, 1800.0 + n, 1801.0 + n, 1, 12.5, 3.5, 30.25, 0.75, 14.5, "弱", "优", "段" + N(n), ""};
   }
   static bool LoadRows(DI& d, int id, std::vector<Row>& rows) { return d.LoadQuaEvalRows(id, rows); }
-  // Joined the other way round, with an upper-case WHERE.
-  static std::string LoadRowsText(int id) {
-    return " from W_QUALITY_EVALUATION_DATA  a LEFT JOIN W_CEMENT_QUALITY_EVALUATION  b ON b.EvaluationID = "
-           "a.EvaluationID WHERE a.EvaluationID = " +
-           N(id);
-  }
   static bool RowExists(DI& d, const Row& r) { return d.QuaEvalRowExists(r.EvaluationID, r.TopDepth, r.BottomDepth); }
   static bool DeleteRow(DI& d, const Row& r) { return d.DeleteQuaEvalRow(r.EvaluationID, r.TopDepth, r.BottomDepth); }
 };
@@ -264,9 +205,7 @@ class LabReportSuite : public ProjectTest {
     EXPECT_TRUE((headers_.get()->*C::save)(project, h));
     std::vector<Row> rows;
     for (int i = 0; i < count; ++i) rows.push_back(C::MakeRow(h.*C::id, i));
-    if (count) {
-      EXPECT_TRUE((rows_.get()->*C::saveRows)(rows));
-    }
+    EXPECT_TRUE(!count || (rows_.get()->*C::saveRows)(rows));
     return h.*C::id;
   }
   std::vector<std::string> Ids() {
@@ -275,9 +214,11 @@ class LabReportSuite : public ProjectTest {
   std::size_t RowCount(int id) {
     return Query(std::string("select * from ") + C::kDataTable + " where " + C::kID + " = " + N(id)).size();
   }
-  std::vector<std::string> Texts(const char* text) {
+  static std::vector<std::string> Texts(const char* text) {
     return text ? std::vector<std::string>{text} : std::vector<std::string>{};
   }
+  // A row statement with the identifier in place of its '#'.
+  static std::string With(std::string text, int id) { return text.replace(text.find('#'), 1, N(id)); }
   std::unique_ptr<typename C::HI> headers_;
   std::unique_ptr<typename C::DI> rows_;
 };
@@ -290,13 +231,11 @@ TYPED_TEST(LabReportSuite, NewHeadersAreNumberedByTheDatabaseAndFoundByKeyWellAn
   auto& o = *this->headers_;
   typename C::H first = C::Make("W1", "K1", "a");
   ASSERT_TRUE((o.*C::save)("P", first));
-  const std::string identifier = std::string("select ") + C::kID + " from " + C::kTable + " where " + C::IdKey(first);
-  const auto inserts = this->sql_.texts("SaveData");
-  ASSERT_EQ(inserts.size(), 1u);
-  EXPECT_EQ(this->sql_.texts(), (std::vector<std::string>{C::kTable, identifier, inserts[0], identifier}));
-  if (C::kInsert) {
-    EXPECT_EQ(inserts[0].substr(0, inserts[0].find(" values")), C::kInsert);
-  }
+  // The probe, the lookup of an existing identifier, the insert, the lookup of the new one.
+  const std::string id = std::string("select ") + C::kID + " from " + C::kTable;
+  const auto texts = this->sql_.texts();
+  EXPECT_EQ(Short(texts), (std::vector<std::string>{C::kTable, id, std::string("insert into ") + C::kTable, id}));
+  if (const char* key = C::kIdKey ? C::kIdKey : C::kKey) { EXPECT_EQ(texts.at(1), id + " where " + key); }
   const int second = this->Report("W1", "K2"), third = this->Report("W2", "K1");
   EXPECT_EQ(this->Ids(), (std::vector<std::string>{N(first.*C::id), N(second), N(third)}));
 
@@ -309,17 +248,12 @@ TYPED_TEST(LabReportSuite, NewHeadersAreNumberedByTheDatabaseAndFoundByKeyWellAn
   std::vector<typename C::H> list(3);
   ASSERT_TRUE((o.*C::loadWell)("W1", list));
   EXPECT_EQ(list.size(), 2u);
-  ASSERT_TRUE((o.*C::loadAll)(list));
-  EXPECT_EQ(list.size(), 3u);
   std::vector<std::string> wells{"stale"};
   ASSERT_TRUE((o.*C::listWells)(wells));
   EXPECT_EQ(wells, (std::vector<std::string>{"W1", "W2"}));
   std::string well;
   ASSERT_TRUE((o.*C::wellOf)(third, well));
   EXPECT_EQ(well, "W2");
-  EXPECT_FALSE((o.*C::wellOf)(third + 100, well));
-  EXPECT_FALSE(C::Load(o, C::Make("W3", "K1", ""), back));
-  EXPECT_TRUE(this->messages_.texts().empty());
 }
 
 TYPED_TEST(LabReportSuite, SavingAnExistingKeySendsTheUpdateAsWrittenAndKeepsNumberAndRows) {
@@ -329,10 +263,9 @@ TYPED_TEST(LabReportSuite, SavingAnExistingKeySendsTheUpdateAsWrittenAndKeepsNum
   this->sql_.clear();
   // Three of the four updates end their list with a comma before "where": no engine runs them.
   EXPECT_EQ((this->headers_.get()->*C::save)("Q", changed), C::kUpdateRuns);
-  EXPECT_EQ(this->sql_.texts("ExecuteSQL"), std::vector<std::string>{C::Update(changed)});
+  EXPECT_EQ(this->sql_.texts("ExecuteSQL"), std::vector<std::string>{C::kUpdate});
   EXPECT_TRUE(this->sql_.texts("SaveData").empty());
   EXPECT_EQ(changed.*C::id, C::kUpdateRuns ? id : 0);
-  EXPECT_EQ(this->Ids(), std::vector<std::string>{N(id)});
   EXPECT_EQ(this->RowCount(id), 2u);
 
   typename C::H back;
@@ -341,7 +274,6 @@ TYPED_TEST(LabReportSuite, SavingAnExistingKeySendsTheUpdateAsWrittenAndKeepsNum
   expected.ProjectName = "P";  // an update leaves the project
   expected.*C::id = id;
   EXPECT_EQ(back, expected);
-  EXPECT_TRUE(this->messages_.texts().empty());
 }
 
 TYPED_TEST(LabReportSuite, SavesRefuseAnEmptyWellAQuotedKeyAndAMissingTable) {
@@ -393,10 +325,7 @@ TYPED_TEST(LabReportSuite, RowsAreAppendedLoadedDeletedByKeyAndNotSavedIntoAMiss
   std::vector<typename C::Row> rows(1);
   this->sql_.clear();
   ASSERT_TRUE(C::LoadRows(d, id, rows));
-  if (!C::LoadRowsText(id).empty()) {
-    ASSERT_EQ(this->sql_.texts().size(), 1u);
-    EXPECT_EQ(From(this->sql_.texts()[0]), C::LoadRowsText(id));
-  }
+  if (C::kLoadRows) { EXPECT_EQ(From(this->sql_.texts().at(0)), this->With(C::kLoadRows, id)); }
   ASSERT_EQ(rows.size(), 20u);
   auto expected = C::MakeRow(id, 7);
   expected.WellID = "W1";
@@ -410,16 +339,12 @@ TYPED_TEST(LabReportSuite, RowsAreAppendedLoadedDeletedByKeyAndNotSavedIntoAMiss
   EXPECT_TRUE(C::RowExists(d, third));
   ASSERT_TRUE(C::DeleteRow(d, third));
   EXPECT_FALSE(C::RowExists(d, third));
-  if (!C::RowExistsText(id).empty()) {
-    EXPECT_EQ(this->sql_.texts(),
-              (std::vector<std::string>{C::RowExistsText(id), C::DeleteRowText(id), C::RowExistsText(id)}));
-  }
+  if (C::kRowExists) { EXPECT_EQ(this->sql_.texts().at(0), this->With(C::kRowExists, id)); }
+  if (C::kDeleteRow) { EXPECT_EQ(this->sql_.texts().at(1), this->With(C::kDeleteRow, id)); }
   EXPECT_EQ(this->RowCount(id), 20u);
 
   ASSERT_TRUE((d.*C::deleteRows)(id));
   EXPECT_EQ(this->RowCount(id), 0u);
-  EXPECT_FALSE(C::LoadRows(d, id, rows));
-  EXPECT_TRUE(rows.empty());
 
   this->Exec(std::string("drop table ") + C::kDataTable);
   EXPECT_FALSE((d.*C::saveRows)({C::MakeRow(id, 1)}));
@@ -435,15 +360,14 @@ TYPED_TEST(LabReportSuite, DeletingAReportDeletesItsRowsFirstEvenWhenTheHeaderDe
   const int second = this->Report("W1", "K2", 2), third = this->Report("W2", "K3", 2);
   const std::string rowsOf = std::string("delete from ") + C::kDataTable + " where " + C::kID + " = ";
 
+  const std::string header = std::string("delete from ") + C::kTable + " where ";
   this->sql_.clear();
   ASSERT_TRUE((o.*C::remove)(first));
-  const std::string byKey = std::string("delete from ") + C::kTable + " where " + C::Key(first);
-  EXPECT_EQ(this->sql_.texts(), (std::vector<std::string>{rowsOf + N(first.*C::id), byKey}));
+  if (C::kKey) { EXPECT_EQ(this->sql_.texts().at(1), header + C::kKey); }
+  EXPECT_EQ(Short(this->sql_.texts()), Short({rowsOf, header}));
   this->sql_.clear();
   ASSERT_TRUE((o.*C::removeByID)(second));
-  EXPECT_EQ(this->sql_.texts(),
-            (std::vector<std::string>{
-                rowsOf + N(second), std::string("delete from ") + C::kTable + " where " + C::kID + " = " + N(second)}));
+  EXPECT_EQ(this->sql_.texts(), (std::vector<std::string>{rowsOf + N(second), header + C::kID + " = " + N(second)}));
   EXPECT_EQ(this->Ids(), std::vector<std::string>{N(third)});
   EXPECT_EQ(this->RowCount(first.*C::id) + this->RowCount(second), 0u);
 
@@ -464,7 +388,6 @@ TYPED_TEST(LabReportSuite, AWellsOrAllHeadersGoWithoutTheirRows) {
   ASSERT_TRUE(C::LoadRows(*this->rows_, first, rows));  // the rows stay, without a well
   EXPECT_EQ(rows.size(), 2u);
   EXPECT_EQ(rows[0].WellID, "");
-  EXPECT_EQ(this->RowCount(second), 1u);
 }
 
 TYPED_TEST(LabReportSuite, AProjectsRowsAreDeletedOneIdentifierAtATime) {
@@ -475,18 +398,13 @@ TYPED_TEST(LabReportSuite, AProjectsRowsAreDeletedOneIdentifierAtATime) {
   this->sql_.clear();
   ASSERT_TRUE((d.*C::deleteProjectRows)("P"));
   auto texts = this->sql_.texts();
-  ASSERT_EQ(texts.size(), 3u);
-  EXPECT_EQ(texts[0], std::string("select ") + C::kID + " from " + C::kTable + " where ProjectName = 'P'");
   std::sort(texts.begin() + 1, texts.end());
   const std::string rowsOf = std::string("delete from ") + C::kDataTable + " where " + C::kID + " = ";
-  EXPECT_EQ(texts[1], rowsOf + N(first) + " ");
-  EXPECT_EQ(texts[2], rowsOf + N(second) + " ");
+  EXPECT_EQ(texts, (std::vector<std::string>{std::string("select ") + C::kID + " from " + C::kTable +
+                                                 " where ProjectName = 'P'",
+                                             rowsOf + N(first) + " ", rowsOf + N(second) + " "}));
   EXPECT_EQ(this->RowCount(first) + this->RowCount(second), 0u);
   EXPECT_EQ(this->RowCount(other), 1u);
-
-  this->sql_.clear();
-  EXPECT_TRUE((d.*C::deleteProjectRows)("None"));
-  EXPECT_EQ(this->sql_.texts().size(), 1u);  // no header, no delete
 }
 
 // What one kind adds: loads per depth, per programme and per project, moving rows.
@@ -497,14 +415,10 @@ TEST_F(LabReportExtras, PressureRowsLoadByDepthAndProjectAndMoveToAnotherReport)
   auto data = Make<IStressTestSamplingData>("IStressTestSamplingData");
   auto a = StressCase::Make("W1", "T1", "x"), b = StressCase::Make("W2", "T2", "y");
   ASSERT_TRUE(headers->SaveStressTestSampling("P", a) && headers->SaveStressTestSampling("Q", b));
-  ASSERT_TRUE(
-      data->SaveStressTestSamplingRows({StressCase::MakeRow(a.SamplingID, 0), StressCase::MakeRow(a.SamplingID, 1)}));
+  ASSERT_TRUE(data->SaveStressTestSamplingRows({StressCase::MakeRow(a.SamplingID, 0), StressCase::MakeRow(a.SamplingID, 1)}));
   std::vector<StressTestSamplingRow> rows;
   ASSERT_TRUE(data->LoadStressTestSamplingRows(a.SamplingID, 2101.5, rows));
-  ASSERT_EQ(rows.size(), 1u);
-  EXPECT_EQ(rows[0].SequenceNum, "N1");
-  ASSERT_TRUE(data->LoadProjectStressTestSamplingRows("P", rows));
-  EXPECT_EQ(rows.size(), 2u);
+  EXPECT_EQ(rows.at(0).SequenceNum, "N1");
   EXPECT_FALSE(data->LoadProjectStressTestSamplingRows("Q", rows));
 
   ASSERT_TRUE(data->MoveStressTestSamplingRows(a.SamplingID, b.SamplingID));
@@ -514,10 +428,9 @@ TEST_F(LabReportExtras, PressureRowsLoadByDepthAndProjectAndMoveToAnotherReport)
 }
 
 TEST_F(LabReportExtras, MarkerRowsLoadByProgrammeAndCementRowsByProjectThroughAnInnerJoin) {
-  auto tests = Make<IMarkerTest>("IMarkerTest");
   auto testRows = Make<IMarkerTestData>("IMarkerTestData");
   auto t = MarkerCase::Make("W1", "1", "x");
-  ASSERT_TRUE(tests->SaveMarkerTest("P", t));
+  ASSERT_TRUE(Make<IMarkerTest>("IMarkerTest")->SaveMarkerTest("P", t));
   auto other = MarkerCase::MakeRow(t.TestID, 2);
   other.TestingProgram = "二开";
   ASSERT_TRUE(testRows->SaveMarkerTestRows({MarkerCase::MakeRow(t.TestID, 1), other}));
@@ -528,12 +441,10 @@ TEST_F(LabReportExtras, MarkerRowsLoadByProgrammeAndCementRowsByProjectThroughAn
   ASSERT_TRUE(testRows->LoadProjectMarkerTestRows("P", rows));
   EXPECT_EQ(rows.size(), 2u);
 
-  auto evals = Make<ICementationQuaEval>("ICementationQuaEval");
-  auto evalRows = Make<IQuaEvalData>("IQuaEvalData");
   auto e = CementCase::Make("W1", "一段", "x");
-  ASSERT_TRUE(evals->SaveCementationQuaEval("P", e));
-  ASSERT_TRUE(
-      evalRows->SaveQuaEvalRows({CementCase::MakeRow(e.EvaluationID, 1), CementCase::MakeRow(e.EvaluationID + 50, 2)}));
+  ASSERT_TRUE(Make<ICementationQuaEval>("ICementationQuaEval")->SaveCementationQuaEval("P", e));
+  auto evalRows = Make<IQuaEvalData>("IQuaEvalData");
+  ASSERT_TRUE(evalRows->SaveQuaEvalRows({CementCase::MakeRow(e.EvaluationID, 1), CementCase::MakeRow(e.EvaluationID + 50, 2)}));
   std::vector<QuaEvalRow> evalBack;
   ASSERT_TRUE(evalRows->LoadProjectQuaEvalRows("P", evalBack));
   ASSERT_EQ(evalBack.size(), 1u);  // the row without a header is left out

@@ -2,9 +2,7 @@
 // external production database's views, and `petrodb production`.
 #include <algorithm>
 #include <chrono>
-#include <fstream>
 #include <string>
-#include <tuple>
 #include <vector>
 
 #include "TestSupport.h"
@@ -27,9 +25,8 @@ std::string On(bool jet, int month, int day) {
   return jet ? "#2024-" + m + "-" + d + "#" : "'2024-0" + m + "-0" + d + "'";
 }
 
-const Strings kNetworks{"insert into n_nodes (PipenetName, NodeName, NodeType) values ('Net1', 'S1', 0)",
-                        "insert into n_nodes (PipenetName, NodeName, NodeType) values ('Net1', 'S2', 5)",
-                        "insert into n_nodes (PipenetName, NodeName, NodeType) values ('Net2', 'S2', 0)"};
+const char* kNetworks =
+    "insert into n_nodes (PipenetName, NodeName, NodeType) values ('Net1', 'S1', 0), ('Net1', 'S2', 5), ('Net2', 'S2', 0)";
 
 class MpTestTest : public ObjectTest<IMpTest, "IMpTest"> {
  protected:
@@ -55,21 +52,15 @@ TEST_F(MpTestTest, AReadingReplacesItsPumpAndDayOnly) {
   MpTestRecord loaded;
   ASSERT_TRUE(object_->LoadMpTest("S1", "P2", On(5).c_str(), loaded));
   EXPECT_EQ(loaded.Zsbll, 11);
-  EXPECT_FALSE(object_->MpTestExists("S1", "P2", On(6).c_str()));
-  // Saved again as loaded, the record's date is no literal: a second row.
-  ASSERT_TRUE(object_->SaveMpTest(loaded));
-  EXPECT_EQ(Stored().size(), 4u);
 
   std::vector<MpTestRecord> rows;
   ASSERT_TRUE(object_->LoadMpTestsLikeBetween("S", On(6).c_str(), On(9).c_str(), rows));
   EXPECT_EQ(sql_.texts().back(), "select * from d_mp_test where StaName like 'S%' and Scrq between " + On(6) + "and " +
                                      On(9) + " order by scrq desc,staname");
-  ASSERT_TRUE(object_->LoadMpTestsOfStationByDate("S1", rows));
-  EXPECT_EQ(rows.front().Scrq, "2024-03-06 00:00:00");  // latest first
 }
 
 TEST_F(MpTestTest, NetworkStatementsAndThePumpView) {
-  for (const auto& node : kNetworks) Exec(node);
+  Exec(kNetworks);
   ASSERT_TRUE(object_->SaveMpTestList({Reading("S1", "P1", 5, 1), Reading("S1", "P2", 5, 2), Reading("S2", "P1", 5, 3)}));
   std::vector<MpTestRecord> rows;
   ASSERT_TRUE(object_->LoadPipenetMpTests("Net1", rows));
@@ -82,8 +73,8 @@ TEST_F(MpTestTest, NetworkStatementsAndThePumpView) {
                                           "NodeType = 5 ) order by StaName, PumpCode");
   EXPECT_EQ(sql_.events().at(0).result, 2);
 
-  Exec("insert into b_sta_rod_pump (StaName, PumpCode, PumpModel, RodDia) values ('S1', 'P1', 'D155', 40)");
-  Exec("insert into b_sta_rod_pump (StaName, PumpCode, PumpModel, RodDia) values ('S1', 'P2', 'D280', 50)");
+  Exec("insert into b_sta_rod_pump (StaName, PumpCode, PumpModel, RodDia) values ('S1', 'P1', 'D155', 40), "
+       "('S1', 'P2', 'D280', 50)");
   std::vector<MpTestViewRecord> withPumps{MpTestViewRecord{}};
   ASSERT_TRUE(object_->LoadMpTestsWithPumps("S1", On(5).c_str(), withPumps));
   ASSERT_EQ(withPumps.size(), 2u);
@@ -94,9 +85,6 @@ TEST_F(MpTestTest, NetworkStatementsAndThePumpView) {
 
   ASSERT_TRUE(object_->DeletePipenetMpTests("Net1"));  // its stations, nodes of type 0
   EXPECT_EQ(Stored(), Strings{"S2 P1 2024-03-05 00:00:00 3"});
-  Strings stations;
-  ASSERT_TRUE(object_->ListStationsWithMpTests({"S1", "S2"}, stations));
-  EXPECT_EQ(stations, Strings{"S2"});
 }
 
 class MpDataTest : public ObjectTest<IMpData, "IMpData"> {
@@ -108,15 +96,9 @@ class MpDataTest : public ObjectTest<IMpData, "IMpData"> {
 };
 
 TEST_F(MpDataTest, TestsByStationPumpAndDate) {
-  for (const auto& node : kNetworks) Exec(node);
+  Exec(kNetworks);
   ASSERT_TRUE(object_->SaveMpDataMany({Test("S1", "P1", 5, 10), Test("S1", "P2", 5, 11), Test("S1", "P1", 7, 12),
                                        Test("S2", "P1", 5, 13)}));
-  ASSERT_TRUE(object_->SaveMpData(Test("S1", "P1", 5, 20)));
-  EXPECT_EQ(Query("select count(*) from t_mp_data"), Strings{"4"});
-  MpDataRecord loaded;
-  ASSERT_TRUE(object_->LoadMpData("S1", "P1", On(5).c_str(), loaded));
-  EXPECT_EQ(loaded.Djsrgl, 20);
-
   std::vector<MpDataRecord> rows;
   sql_.clear();
   ASSERT_TRUE(object_->LoadPipenetMpDataAt("Net1", On(5).c_str(), rows));
@@ -125,52 +107,30 @@ TEST_F(MpDataTest, TestsByStationPumpAndDate) {
                                   "NodeType = 0)  order by StaName, PumpCode"});
   ASSERT_EQ(rows.size(), 2u);
   EXPECT_EQ(rows[1].PumpCode, "P2");
-  ASSERT_TRUE(object_->LoadMpDataLikeBetween("S", On(6).c_str(), On(8).c_str(), rows));
-  EXPECT_EQ(rows.size(), 1u);
-  Strings dates;
-  ASSERT_TRUE(object_->ListStationTestDates("S1", dates));
-  EXPECT_EQ(dates, (Strings{"2024-04-05 00:00:00", "2024-04-07 00:00:00"}));
   ASSERT_TRUE(object_->DeletePipenetMpData("Net2"));
   Strings stations;
   ASSERT_TRUE(object_->ListTestedStations(stations));
   EXPECT_EQ(stations, Strings{"S1"});
-  EXPECT_FALSE(object_->DeleteMpDataOfStations({}));  // "in ()"
 }
 
-TEST_F(MpDataTest, ThePumpMembersShowTheirMessages) {
-  auto readings = Make<IMpTest>("IMpTest");
-  EXPECT_FALSE(readings->SaveMpTest({"", "P1", On(5)}));
-  EXPECT_FALSE(readings->SaveMpTest({"S1", "", On(5)}));
-  EXPECT_FALSE(readings->SaveMpTest({"S1", "P1", ""}));
-  EXPECT_FALSE(readings->DeletePipenetMpTests(""));
-  EXPECT_FALSE(object_->SaveMpData({"S1", "P1", ""}));
-  Exec("drop view v_mp_test");
-  Exec("drop table d_mp_test");
-  Exec("drop table t_mp_data");
-  EXPECT_FALSE(readings->SaveMpTests({{"S1", "P1", On(5)}}));
-  EXPECT_FALSE(object_->SaveMpDataList({Test("S1", "P1", 5, 1)}));
-  EXPECT_EQ(messages_.texts(), (Strings{"注水站名称不能为空！", "泵号不能为空！", "生产日期不能为空！", "管网名称不能为空！",
-                                        "测试日期不能为空！", "注水站机泵日生产数据表为空！", "注水站机泵测试数据表为空！"}));
-  for (const auto& m : messages_.messages()) EXPECT_EQ(m.caption, "错误信息");
-  EXPECT_TRUE(sql_.texts("ExecuteSQL").empty());
+TEST_F(MpDataTest, AnEmptyPumpIsRefused) {
+  EXPECT_FALSE(Make<IMpTest>("IMpTest")->SaveMpTest({"S1", "", On(5)}));
+  EXPECT_FALSE(object_->SaveMpData({"S1", "", On(5)}));
+  EXPECT_EQ(messages_.texts(), (Strings{"泵号不能为空！", "泵号不能为空！"}));
+  EXPECT_TRUE(sql_.texts().empty());
 }
 
 class OilTestDataTest : public ObjectTest<IOilTestData, "IOilTestData"> {
  protected:
   void SetUp() override {
     ObjectTest::SetUp();
-    for (const char* w : {"('W1', 'North')", "('W2', 'North')", "('S1', 'South')", "('S2', 'South')"})
-      Exec(std::string("insert into w_well_data (WellID, ProjectName) values ") + w);
+    Exec("insert into w_well_data (WellID, ProjectName) values ('W1', 'North'), ('W2', 'North'), ('S1', 'South'), "
+         "('S2', 'South')");
   }
   static OilTestRecord Interval(float top, const char* conclusion) {
     OilTestRecord r;
-    r.XH = "1";
-    r.TopDepth = top;
-    r.BottomDepth = top + 2.5f;
-    r.LayerNum = 3;
-    r.BeginDate = "2023-5-1";
-    r.UnitOilProduct = 1.25f;
-    r.Conclusion = conclusion;
+    r.XH = "1", r.TopDepth = top, r.BottomDepth = top + 2.5f, r.LayerNum = 3, r.BeginDate = "2023-5-1";
+    r.UnitOilProduct = 1.25f, r.Conclusion = conclusion;
     return r;
   }
   Strings Stored() { return Query("select WellID || ' ' || Conclusion from w_oiltest_data order by WellID, TopDepth"); }
@@ -183,14 +143,11 @@ TEST_F(OilTestDataTest, SavingAWellReplacesAllItsIntervals) {
   EXPECT_EQ(sql_.texts("ExecuteSQL"), Strings{"delete from  w_oiltest_data where WellID='W1'"});
   EXPECT_EQ(Stored(), (Strings{"S1 dry", "W1 gas"}));
 
-  WellOilTest tests{"", {OilTestRecord{}}};
+  WellOilTest tests;
   ASSERT_TRUE(object_->SaveWellOilTests({"W1", {Interval(1520, "oil"), Interval(1480, "water")}}));
   ASSERT_TRUE(object_->LoadWellOilTests("W1", tests));  // by top depth
   ASSERT_EQ(tests.records.size(), 2u);
-  EXPECT_EQ(tests.WellID, "W1");
-  const OilTestRecord& r = tests.records[0];
-  EXPECT_EQ(r.Conclusion + " " + r.BeginDate, "water 2023-5-1");
-  EXPECT_EQ(std::tuple(r.BottomDepth, r.LayerNum, r.UnitOilProduct), std::tuple(1482.5f, 3, 1.25f));
+  EXPECT_EQ(tests.records[0].Conclusion + " " + tests.records[0].BeginDate, "water 2023-5-1");
   EXPECT_TRUE(object_->LoadWellOilTests("W2", tests));  // a well without tests
   EXPECT_TRUE(tests.records.empty());
 
@@ -199,7 +156,6 @@ TEST_F(OilTestDataTest, SavingAWellReplacesAllItsIntervals) {
   EXPECT_EQ(wells, (Strings{"kept", "S1"}));
   ASSERT_TRUE(object_->ListOilTestWells("North", wells));
   EXPECT_EQ(wells, Strings{"W1"});
-  EXPECT_FALSE(object_->HasOilTests("W2"));
   EXPECT_TRUE(object_->DeleteWellsOilTests({"S1", "W9"}));
   EXPECT_EQ(Stored(), (Strings{"W1 water", "W1 oil"}));
 }
@@ -220,38 +176,24 @@ TEST_F(OilTestDataTest, TheProjectDeleteRemovesEveryProjectsTestsOnceOneWellHasA
   EXPECT_TRUE(Stored().empty());
 }
 
-TEST_F(OilTestDataTest, EmptyNamesShowTheirMessagesAndAMissingTableFails) {
+TEST_F(OilTestDataTest, EmptyNamesAndAMissingTableFail) {
   EXPECT_FALSE(object_->SaveWellOilTests({"", {Interval(1, "x")}}));
-  EXPECT_FALSE(object_->HasOilTests(""));
-  EXPECT_FALSE(object_->DeleteProjectOilTests(""));
-  EXPECT_FALSE(object_->SaveOilTests({}));
-  EXPECT_FALSE(object_->DeleteWellsOilTests({}));
-  EXPECT_EQ(messages_.texts(), (Strings{"井名称不能为空！", "井名称不能为空！", "工区名称不能为空！"}));
-  EXPECT_EQ(messages_.messages().at(0).style, MessageStyle::Application);
+  EXPECT_FALSE(object_->SaveOilTests({}));  // silently
   EXPECT_TRUE(sql_.texts().empty());
   Exec("drop table w_oiltest_data");
-  EXPECT_FALSE(object_->SaveWellOilTests({"W1", {Interval(1, "x")}}));
-  EXPECT_FALSE(object_->DeleteWellOilTests("W1"));
-  EXPECT_EQ(messages_.texts().size(), 3u);
+  EXPECT_FALSE(object_->SaveWellOilTests({"W1", {Interval(1, "x")}}));  // silently too
+  EXPECT_EQ(messages_.texts(), Strings{"井名称不能为空！"});
 }
 
-class OracleWellTestTest : public ObjectTest<IOracleWellTest, "IOracleWellTest"> {
- protected:
-  void Fill() {
-    Exec("insert into ext_daa01 (CM, KM, QKDY) values ('Plant1', 'U1', 'B1')");
-    Exec("insert into ext_daa01 (CM, KM, QKDY) values ('Plant1', ' U1', 'B2')");
-    Exec("insert into ext_daa01 (CM, KM, QKDY) values ('Plant2', 'U2', 'B3')");
-    const char* rows[] = {"'Plant1', 'U1', 'Z1', 'J1', '2024-01-04 00:00:00', 24, 50, 48, 9, 8, 2",
-                          "'Plant1', 'U1', 'Z1', 'J1', '2024-01-05 00:00:00', 20, 50, 40, 9, 8, 2",
-                          "'Plant1', 'U1', 'Z2', 'J2', '2024-01-06 00:00:00', 24, 60, 61, 9, 8, 2",
-                          "'Plant2', 'U2', 'Z3', 'J3', '2024-01-05 00:00:00', 24, 70, 70, 9, 8, 2"};
-    for (const char* r : rows)
-      Exec(std::string("insert into ext_dba02 (CM, KM, ZM, JH, RQ, SCSJ, RPZSL, RZSL, GXYL, YY, TY) values (") + r + ")");
-  }
-};
+using OracleWellTestTest = ObjectTest<IOracleWellTest, "IOracleWellTest">;
 
 TEST_F(OracleWellTestTest, EveryReadRunsOnTheViews) {
-  Fill();
+  Exec("insert into ext_daa01 (CM, KM, QKDY) values ('Plant1', 'U1', 'B1'), ('Plant1', ' U1', 'B2'), ('Plant2', 'U2', 'B3')");
+  Exec("insert into ext_dba02 (CM, KM, ZM, JH, RQ, SCSJ, RPZSL, RZSL, GXYL, YY, TY) values "
+       "('Plant1', 'U1', 'Z1', 'J1', '2024-01-04 00:00:00', 24, 50, 48, 9, 8, 2), "
+       "('Plant1', 'U1', 'Z1', 'J1', '2024-01-05 00:00:00', 20, 50, 40, 9, 8, 2), "
+       "('Plant1', 'U1', 'Z2', 'J2', '2024-01-06 00:00:00', 24, 60, 61, 9, 8, 2), "
+       "('Plant2', 'U2', 'Z3', 'J3', '2024-01-05 00:00:00', 24, 70, 70, 9, 8, 2)");
   Strings list;
   ASSERT_TRUE(object_->ListPlants(list));
   EXPECT_EQ(list, (Strings{"Plant1", "Plant2"}));
@@ -261,21 +203,14 @@ TEST_F(OracleWellTestTest, EveryReadRunsOnTheViews) {
   ASSERT_TRUE(object_->ListBlocks("Plant1", "U1", list));
   EXPECT_EQ(list, Strings{"B2"});
   EXPECT_EQ(sql_.texts().back(), "select distinct QKDY from V_DAA01 where CM ='Plant1' and KM =' U1' order by QKDY ");
-  ASSERT_TRUE(object_->ListStations("Plant1", "U1", list));
-  EXPECT_EQ(list, (Strings{"Z1", "Z2"}));
-  ASSERT_TRUE(object_->ListDates(list));
-  EXPECT_EQ(list, (Strings{"2024-01-04 00:00:00", "2024-01-05 00:00:00", "2024-01-06 00:00:00"}));
-
   ASSERT_TRUE(object_->ListWells("2024-01-05", "2024-01-06", "U1", list));
   std::sort(list.begin(), list.end());
   EXPECT_EQ(list, (Strings{"J1", "J2"}));
-  EXPECT_FALSE(object_->ListWells("2024-01-07", "2024-01-31", "U1", list));
 
   std::vector<OracleWellTestRecord> rows;
   ASSERT_TRUE(object_->LoadStationTests("Plant1", "U1", "2024-01-01", "2024-01-04", "Z1", rows));
   ASSERT_EQ(rows.size(), 1u);
   EXPECT_EQ(rows[0].RZSL, 48);
-  EXPECT_EQ(rows[0].RQ, "2024-01-04 00:00:00");
   sql_.clear();
   ASSERT_TRUE(object_->LoadWellTests("2024-01-05", "2024-01-05", {"J1", "J3"}, rows));
   EXPECT_EQ(sql_.texts(), Strings{"select JH, RQ, SCSJ, RPZSL,RZSL,GXYL,YY,TY from V_DBA02 where RQ between "
@@ -283,26 +218,6 @@ TEST_F(OracleWellTestTest, EveryReadRunsOnTheViews) {
                                   "JH in('J1','J3')"});
   EXPECT_EQ(rows.size(), 2u);
   EXPECT_FALSE(object_->LoadWellTests("2024-01-01", "2024-01-31", {}, rows));  // "in()"
-  ASSERT_TRUE(object_->LoadAllTests(rows));
-  ASSERT_EQ(rows.size(), 4u);
-  EXPECT_EQ(rows.back().JH, "J3");  // by station
-  EXPECT_TRUE(messages_.texts().empty());
-}
-
-TEST_F(OracleWellTestTest, TheViewsAreFilledByImport) {
-  PETRODB_SKIP_ON_SERVER();
-  const auto daa = dir_ / "daa01.csv", dba = dir_ / "dba02.csv";
-  std::ofstream(daa) << "CM,KM,QKDY\nPlant1,U1,B1\n";
-  std::ofstream(dba) << "CM,KM,ZM,JH,RQ,SCSJ,RPZSL,RZSL,GXYL,YY,TY\nPlant1,U1,Z1,J1,2024-01-05,24,50,48,9,8,2\n";
-  ASSERT_EQ(RunPetrodb("import '" + file_ + "' ext_daa01 '" + daa.string() + "'").code, 0);
-  ASSERT_EQ(RunPetrodb("import '" + file_ + "' ext_dba02 '" + dba.string() + "'").code, 0);
-  Strings plants;
-  ASSERT_TRUE(object_->ListPlants(plants));
-  EXPECT_EQ(plants, Strings{"Plant1"});
-  std::vector<OracleWellTestRecord> rows;
-  ASSERT_TRUE(object_->LoadStationTests("Plant1", "U1", "2024-01-05", "2024-01-05", "Z1", rows));
-  ASSERT_EQ(rows.size(), 1u);
-  EXPECT_EQ(rows[0].SCSJ, 24);
 }
 
 // ---- petrodb production ----
@@ -324,16 +239,11 @@ class ProductionCommandTest : public ProjectTest {
       ProductionRecord r;
       char text[16];
       std::snprintf(text, sizeof text, "%d-%02u-%02u", int(day.year()), unsigned(day.month()), unsigned(day.day()));
-      r.ProductTime = text;
-      r.DailyOilProduction = 2;
-      r.DailyWaterProduction = 1;
-      r.CumulativeOilProduction = 2.0 * (i + 1);
+      r.ProductTime = text, r.DailyOilProduction = 2, r.DailyWaterProduction = 1, r.CumulativeOilProduction = 2.0 * (i + 1);
       history.records.push_back(r);
     }
     ProductionRecord monthly;
-    monthly.ProductTime = "2022-06";
-    monthly.MonthlyOilProduction = 90;
-    monthly.MonthlyGasProduction = 5;
+    monthly.ProductTime = "2022-06", monthly.MonthlyOilProduction = 90, monthly.MonthlyGasProduction = 5;
     monthly.DailyOilProduction = 3;
     history.records.push_back(monthly);
     ASSERT_TRUE(Make<IProductionData>("IProductionData")->SaveWellProduction(history));
@@ -355,7 +265,6 @@ TEST_F(ProductionCommandTest, MonthsWithTotals) {
   EXPECT_EQ(csv.substr(0, csv.find('\n', csv.find('\n') + 1) + 1),
             "month,reports,oil,gas,water,water cut %,cumulative oil\n2022-06,1,90,5,0,0,0\n");
   EXPECT_NE(csv.find("\n2023-12,31,62,0,31,33.333333333333336,62\n"), std::string::npos) << csv;
-  EXPECT_NE(csv.find("\n2025-01,3,6,0,3,"), std::string::npos) << csv;
   EXPECT_NE(csv.find("\ntotal,401,890,5,400,31.007751937984494,800\n"), std::string::npos) << csv;
   EXPECT_EQ(Run(" W1 --from 2030-01").output, "well W1\nno production rows in the range\n");
 }

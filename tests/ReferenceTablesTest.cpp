@@ -2,7 +2,8 @@
 // need their delete, network members taken from n_nodes, the diameter named by
 // its low bit word, the type conditions of the general parameters, the
 // efficiency analysis and its view by production unit, and the generic column
-// query.
+// query. What the shared verbs do (messages, unreadable rows, quoted keys) is
+// checked once in DataObjectVerbTest.
 #include <functional>
 #include <string>
 #include <tuple>
@@ -32,13 +33,6 @@ class ReferenceTest : public ProjectTest {
     return jet() ? "#2024-1-" + std::to_string(day) + "#" : "'2024-01-0" + std::to_string(day) + "'";
   }
   int Rows(const std::string& table) { return std::stoi(Query("select count(*) from " + table).at(0)); }
-  // The listed columns of the table's rows as "a,b,c" with each value cast to an integer.
-  std::vector<std::string> Integers(const std::string& table, const std::vector<std::string>& names) {
-    std::string list;
-    for (const auto& n : names) list += (list.empty() ? "" : " || ',' || ") + ("cast(" + n + " as integer)");
-    return Query("select " + list + " from " + table);
-  }
-  void DropTable(const std::string& table) { Exec("drop table " + table + (jet() ? "" : " cascade")); }
 };
 
 // A class whose save replaces the rows its delete removes.
@@ -64,9 +58,9 @@ TEST_P(ReplaceTest, ASaveReplacesOnlyWhatItsDeleteRemovesAndNeedsItsTable) {
   // On a server an Access-form delete cannot run, and the save gives up before writing.
   const bool runs = !c.accessDelete || jet();
   EXPECT_EQ(std::make_tuple(first, second, Rows(c.table)), std::make_tuple(runs, runs, runs ? c.rowsAfterTwoSaves : 0));
-  DropTable(c.table);
+  Exec("drop table " + std::string(c.table) + (jet() ? "" : " cascade"));
   sql_.clear();
-  EXPECT_FALSE(c.save(*this, 3));
+  EXPECT_FALSE(c.save(*this, 3));  // silently
   EXPECT_TRUE(sql_.texts("ExecuteSQL").empty());
   EXPECT_TRUE(messages_.messages().empty());
 }
@@ -110,75 +104,47 @@ INSTANTIATE_TEST_SUITE_P(
                     "delete from b_economicflowvel where InnerDia =0"}),
     [](const auto& info) { return std::string(info.param.name); });
 
-TEST_F(ReferenceTest, AFailedWriteShowsTheSaveMessage) {
-  // Tables that refuse the value: the probe and the delete pass, the insert fails.
-  DropTable("w_inj_index");
-  Exec("create table w_inj_index (Jh varchar(50), Inj_index float check (Inj_index < 100), Intercept float)");
-  EXPECT_FALSE(Object<IInjIndex>("IInjIndex")->SaveInjIndex({"J1", 500, 0}));
-  DropTable("n_design_plan_cost");
-  Exec("create table n_design_plan_cost (Pipenet_name varchar(50), DesignPlan_name varchar(50), "
-       "cost_name varchar(50), cost_value float check (cost_value < 100))");
-  EXPECT_FALSE(Object<IPlanCost>("IPlanCost")->SavePlanCosts("N", "P", {{"", "", "c", 500}}));
-  ASSERT_EQ(messages_.texts(), (std::vector<std::string>{"保存数据库出错！", "保存数据库出错！"}));
-  EXPECT_EQ(messages_.messages()[0].caption, "错误信息");
-}
-
 TEST_F(ReferenceTest, InjectivityOfANetworkTakesItsInjectionWellsOnly) {
-  for (const char* node : {"'Net1', 'J2', 2", "'Net1', 'J1', 2", "'Net1', 'S1', 0", "'Net2', 'K1', 2"})
-    Exec(std::string("insert into n_nodes (PipenetName, NodeName, NodeType) values (") + node + ")");
+  Exec("insert into n_nodes (PipenetName, NodeName, NodeType) values ('Net1', 'J2', 2), ('Net1', 'J1', 2), "
+       "('Net1', 'S1', 0), ('Net2', 'K1', 2)");
   auto inj = Object<IInjIndex>("IInjIndex");
   ASSERT_TRUE(inj->SaveInjIndexes({{"J2", 2, 0.2}, {"S1", 9, 0.9}, {"K1", 3, 0.3}, {"J1", 1, 0.1}}));
-  std::vector<InjIndexRecord> rows{{}};
+  std::vector<InjIndexRecord> rows;
   ASSERT_TRUE(inj->LoadPipenetInjIndexes("Net1", rows));
   EXPECT_EQ(sql_.texts().back(),
             "select * from w_inj_index where Jh in ( select NodeName from n_nodes where PipenetName = 'Net1' and "
             "NodeType = 2 ) order by Jh");
   ASSERT_EQ(rows.size(), 2u);
-  EXPECT_EQ(rows[0].Jh, "J1");
-  EXPECT_EQ(rows[1].Intercept, 0.2);
-  ASSERT_TRUE(inj->LoadInjIndexesLike("J", rows));
-  EXPECT_EQ(sql_.texts().back(), "select * from w_inj_index where Jh like 'J%'");
-  EXPECT_EQ(rows.size(), 2u);
-  EXPECT_FALSE(inj->LoadInjIndex("J'1", rows[0]));
+  EXPECT_EQ(rows[0].Jh + rows[1].Jh, "J1J2");
 
   ASSERT_TRUE(inj->DeletePipenetInjIndexes("Net1"));
   EXPECT_EQ(Query("select Jh from w_inj_index order by Jh"), (std::vector<std::string>{"K1", "S1"}));
-  EXPECT_FALSE(inj->DeleteInjIndexesOfWells({}));
-  EXPECT_EQ(sql_.texts().back(), "delete from w_inj_index where Jh in ()");
+  EXPECT_FALSE(inj->DeleteInjIndexesOfWells({}));  // "in ()"
   ASSERT_TRUE(inj->DeleteInjIndexesOfWells({"K1", "S1"}));
   EXPECT_EQ(sql_.texts().back(), "delete from w_inj_index where Jh in ('K1','S1')");
-  EXPECT_FALSE(inj->LoadAllInjIndexes(rows));
-  EXPECT_TRUE(rows.empty());
+  EXPECT_EQ(Rows("w_inj_index"), 0);
 }
 
 TEST_F(ReferenceTest, OneDiameterIsNamedByTheLowWordOfItsBits) {
   auto vel = Object<IEconomicFlowVel>("IEconomicFlowVel");
   ASSERT_TRUE(vel->SaveEconomicFlowVels({{80, 1, 2, 3, 4}, {62.5, 5, 6, 7, 8}, {0, 9, 9, 9, 9}}));
-  std::vector<EconomicFlowVelRecord> rows;
-  ASSERT_TRUE(vel->LoadAllEconomicFlowVels(rows));
-  ASSERT_EQ(rows.size(), 3u);
-  EXPECT_EQ(rows[1].InnerDia, 62.5);
-  EXPECT_EQ(rows[1].HighV, 8);
-
   // 62.5 is asked for as 0 and finds the row stored as 0; 0.1 has low bits.
   EXPECT_TRUE(vel->EconomicFlowVelExists(62.5));
   EXPECT_EQ(sql_.texts().back(), "select InnerDia from b_economicflowvel where InnerDia =0");
   EXPECT_FALSE(vel->EconomicFlowVelExists(0.1));
   EXPECT_EQ(sql_.texts().back(), "select InnerDia from b_economicflowvel where InnerDia =-1717986918");
   ASSERT_TRUE(vel->DeleteEconomicFlowVel(80));  // as 0 too
-  EXPECT_EQ(Integers("b_economicflowvel", {"InnerDia"}), (std::vector<std::string>{"80", "62"}));
+  EXPECT_EQ(Query("select cast(InnerDia as integer) from b_economicflowvel"), (std::vector<std::string>{"80", "62"}));
 
   // The list writes each diameter as it is.
   ASSERT_TRUE(vel->DeleteEconomicFlowVels({62.5, 80}));
   EXPECT_EQ(sql_.texts().back(), "delete from b_economicflowvel where InnerDia in (62.500000,80.000000)");
   EXPECT_EQ(Rows("b_economicflowvel"), 0);
-  EXPECT_FALSE(vel->DeleteEconomicFlowVels({}));
 }
 
 TEST_F(ReferenceTest, PlanCostsByNetworkAndPlan) {
   auto cost = Object<IPlanCost>("IPlanCost");
-  ASSERT_TRUE(cost->AppendPlanCosts(
-      {{"N1", "B", "z", 1}, {"N1", "A", "y", 2}, {"N1", "A", "x", 3}, {"N2", "A", "x", 4}}));
+  ASSERT_TRUE(cost->AppendPlanCosts({{"N1", "B", "z", 1}, {"N1", "A", "y", 2}, {"N1", "A", "x", 3}, {"N2", "A", "x", 4}}));
   std::vector<PlanCostRecord> rows;
   ASSERT_TRUE(cost->LoadPipenetPlanCosts("N1", rows));
   ASSERT_EQ(rows.size(), 3u);
@@ -189,17 +155,10 @@ TEST_F(ReferenceTest, PlanCostsByNetworkAndPlan) {
             "order by cost_name");
   ASSERT_EQ(rows.size(), 2u);
   EXPECT_EQ(rows[1].cost_value, 2);
-  EXPECT_EQ(rows[1].Pipenet_name, "");
-  std::vector<std::string> names;
-  ASSERT_TRUE(cost->ListCostNames("N1", names));
-  EXPECT_EQ(sql_.texts().back(), "select distinct cost_name from n_design_plan_cost where Pipenet_name = 'N1' ");
-  EXPECT_EQ(names.size(), 3u);
-
+  EXPECT_EQ(rows[1].Pipenet_name, "");  // only the two columns are read
   ASSERT_TRUE(cost->DeletePlanCosts("N1", "A"));
-  EXPECT_EQ(Rows("n_design_plan_cost"), 2);
   ASSERT_TRUE(cost->DeletePipenetPlanCosts("N1"));
   EXPECT_EQ(Query("select Pipenet_name from n_design_plan_cost"), std::vector<std::string>{"N2"});
-  EXPECT_FALSE(cost->SavePlanCosts("N1", "", {}));
 }
 
 TEST_F(ReferenceTest, GeneralParametersByTypeConditions) {
@@ -211,40 +170,20 @@ TEST_F(ReferenceTest, GeneralParametersByTypeConditions) {
   EXPECT_EQ(rows.size(), 3u);
   EXPECT_FALSE(params->LoadParamsOfTypes({}, rows));
   EXPECT_EQ(sql_.texts().back(), "select * from general_param_data where ");
-  EXPECT_TRUE(rows.empty());
-  GeneralParamRecord one;
-  ASSERT_TRUE(params->LoadParam(3, "d", one));
-  EXPECT_EQ(sql_.texts().back(), "select * from general_param_data where ParamType = 3 and ParamKey = 'd'");
-  EXPECT_EQ(one.ParamValue, "w");
-  EXPECT_FALSE(params->ParamExists(2, "a"));
 
   // The deletes by type are Access texts: they run on a file only.
   EXPECT_EQ(params->DeleteParamsOfTypes({1, 2}), jet());
   EXPECT_EQ(sql_.texts().back(), "delete * from general_param_data where ParamType = 1 OR ParamType = 2");
   EXPECT_EQ(Rows("general_param_data"), jet() ? 2 : 4);
-  ASSERT_TRUE(params->DeleteAllParams());
-  EXPECT_FALSE(params->LoadAllParams(rows));
 }
 
 TEST_F(ReferenceTest, EfficiencyAnalysisByDateAndByUnit) {
   auto data = Object<ITestEffAnalyseData>("ITestEffAnalyseData");
   const EffAnalyseValues v{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16};
   ASSERT_TRUE(data->SaveEffAnalyses({{"S1", On(5), v}, {"S1", On(6), v}, {"S2", On(6), {}}, {"S9", On(7), v}}));
-  EXPECT_EQ(Integers("t_eff_analyse", {"Djxl", "Zsbxl", "Gwxl", "Zsxtxl", "Zsxtdh", "Srgl", "Djsh", "Zsbsh", "Jlsh",
-                                       "Gwsh", "Yxzrnl", "Djshbl", "Zsbshbl", "Jlshbl", "Gwshbl", "Jknlbl"})
-                .at(0),
-            "1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16");
   TestEffAnalyseRecord loaded;
   ASSERT_TRUE(data->LoadEffAnalyse("S1", On(6).c_str(), loaded));
-  EXPECT_EQ(loaded.Scrq, "2024-01-06 00:00:00");
   EXPECT_EQ(loaded.values.Jknlbl, 16);
-  std::vector<TestEffAnalyseRecord> rows;
-  ASSERT_TRUE(data->LoadEffAnalysesBetween(On(6).c_str(), On(7).c_str(), rows));
-  EXPECT_EQ(sql_.texts().back(), "select * from t_eff_analyse where Scrq between " + On(6) + " and " + On(7));
-  EXPECT_EQ(rows.size(), 3u);
-  std::vector<std::string> dates;
-  ASSERT_TRUE(data->ListEffAnalyseDates(dates));
-  EXPECT_EQ(dates, (std::vector<std::string>{"2024-01-05 00:00:00", "2024-01-06 00:00:00", "2024-01-07 00:00:00"}));
   // A loaded date is no literal: the delete of its save cannot run, nothing is written.
   EXPECT_FALSE(data->SaveEffAnalyse(loaded));
   EXPECT_EQ(sql_.texts("ExecuteSQL").back(),
@@ -252,12 +191,9 @@ TEST_F(ReferenceTest, EfficiencyAnalysisByDateAndByUnit) {
   EXPECT_EQ(Rows("t_eff_analyse"), 4);
 
   // S1 and S2 are stations of U1's networks (S1 in two of them), S9 a well; S2 also in U2.
-  Exec("insert into n_pipenet (PipenetName, UnitName) values ('Net1', 'U1')");
-  Exec("insert into n_pipenet (PipenetName, UnitName) values ('Net2', 'U1')");
-  Exec("insert into n_pipenet (PipenetName, UnitName) values ('Net3', 'U2')");
-  for (const char* node : {"('Net1', 'S1', 0)", "('Net2', 'S1', 0)", "('Net1', 'S2', 0)", "('Net3', 'S2', 0)",
-                           "('Net1', 'S9', 2)"})
-    Exec(std::string("insert into n_nodes (PipenetName, NodeName, NodeType) values ") + node);
+  Exec("insert into n_pipenet (PipenetName, UnitName) values ('Net1', 'U1'), ('Net2', 'U1'), ('Net3', 'U2')");
+  Exec("insert into n_nodes (PipenetName, NodeName, NodeType) values ('Net1', 'S1', 0), ('Net2', 'S1', 0), "
+       "('Net1', 'S2', 0), ('Net3', 'S2', 0), ('Net1', 'S9', 2)");
   auto result = Object<ITestEffAnalyseResult>("ITestEffAnalyseResult");
   std::vector<TestEffAnalyseResultRecord> units;
   ASSERT_TRUE(result->LoadUnitEffResultsBetween("U1", On(5).c_str(), On(7).c_str(), units));
@@ -269,56 +205,23 @@ TEST_F(ReferenceTest, EfficiencyAnalysisByDateAndByUnit) {
   ASSERT_TRUE(result->LoadEffResultsBetween(On(6).c_str(), On(7).c_str(), units));
   EXPECT_EQ(units.size(), 3u);  // S1 and S2 in U1, S2 in U2
   TestEffAnalyseResultRecord one;
-  ASSERT_TRUE(result->LoadEffResult("S1", On(5).c_str(), one));
-  EXPECT_EQ(one.values.Gwshbl, 15);
   EXPECT_FALSE(result->LoadEffResult("S9", On(7).c_str(), one));
-  ASSERT_TRUE(result->ListUnitEffResultDates("U2", dates));
-  EXPECT_EQ(sql_.texts().back(), "select distinct v_sta_unit.Scrq from v_sta_unit where UnitName = 'U2' order by Scrq ");
-  EXPECT_EQ(dates, std::vector<std::string>{"2024-01-06 00:00:00"});
-  ASSERT_TRUE(result->ListEffResultDates(dates));
-  EXPECT_EQ(dates.size(), 2u);
 
   EXPECT_EQ(data->DeleteEffAnalyse("S1", On(5).c_str()), jet());
   ASSERT_TRUE(data->DeleteStationEffAnalyses("S2"));
   EXPECT_EQ(Rows("t_eff_analyse"), jet() ? 2 : 3);
 }
 
-TEST_F(ReferenceTest, ReservoirColumnsAndTheGenericColumnQuery) {
-  auto res = Object<IReservoir>("IReservoir");
-  ReservoirRecord r{"R1", "砂岩", "300m", 1, 2, 3, 4, 5, 6, 7, 8, "NaHCO3", 9, 10, 11, 12, 13, 14, 15,
-                    16, 17, 18, 19, 20, 21, 22, 23, 24, 25, 26, 27};
-  ReservoirRecord r2;
-  r2.Res_name = "R2";
-  ASSERT_TRUE(res->SaveReservoirs({r, r2}));
-  EXPECT_EQ(Integers("w_reservoir", {"Porosity", "Perm", "Struct_dir", "Struct_area", "Ooip", "Origin_hor_P",
-                                     "Cur_hor_p", "Res_temp", "Yang_modulus", "Poisson_ratio", "Oil_den", "Oil_vis",
-                                     "Oil_frez_point", "Asphalt_per", "Water_sat", "Oil_sat", "Wax_per",
-                                     "Init_boil_point", "Under_oil_vis", "Init_gas_oil_ratio", "Sat_p",
-                                     "Init_hor_temp", "Water_well_temp", "Oil_well_temp", "Drain_rad",
-                                     "Flow_comp_coef", "Rock_comp_coef"})
-                .at(0),
-            "1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17,18,19,20,21,22,23,24,25,26,27");
-  ReservoirRecord loaded;
-  ASSERT_TRUE(res->LoadReservoir("R1", loaded));
-  EXPECT_EQ(loaded.Res_water_prop, "NaHCO3");
-  EXPECT_EQ(loaded.Rock_comp_coef, 27);
-  EXPECT_TRUE(res->ReservoirExists("R2"));
-  EXPECT_EQ(sql_.texts().back(), "select * from w_reservoir where Res_name ='R2'");
-  ASSERT_TRUE(res->DeleteReservoir("R2"));
-  std::vector<ReservoirRecord> rows;
-  ASSERT_TRUE(res->LoadAllReservoirs(rows));
-  EXPECT_EQ(rows.size(), 1u);
-
+TEST_F(ReferenceTest, TheGenericColumnQuery) {
   auto specific = Object<ISpecificData>("ISpecificData");
   Exec("insert into w_inj_index (Jh, Inj_index) values ('J1', 2.5)");
-  Exec("insert into w_production_data (WellID, ProductTime, WaterPercentage) values ('W1', '2024-01', 95.5)");
-  Exec("insert into w_production_data (WellID, ProductTime, WaterPercentage) values ('W1', '2024-02', 96)");
+  Exec("insert into w_production_data (WellID, ProductTime, WaterPercentage) values ('W1', '2024-01', 95.5), "
+       "('W1', '2024-02', 96)");
   std::vector<SpecificValue> values{{"old", "x"}};
   ASSERT_TRUE(specific->GetSpecificValues("WaterPercentage", "w_production_data", "WellID", "'W1'", values));
   EXPECT_EQ(sql_.texts().back(), "select WellID, WaterPercentage from w_production_data where WellID='W1'");
   ASSERT_EQ(values.size(), 2u);
-  EXPECT_EQ(values[0].WellID, "W1");
-  EXPECT_EQ(values[0].Value + " " + values[1].Value, "95.5 96");
+  EXPECT_EQ(values[0].WellID + " " + values[0].Value + " " + values[1].Value, "W1 95.5 96");
   // A text key without its quotes names a column that does not exist.
   EXPECT_FALSE(specific->GetSpecificValues("WaterPercentage", "w_production_data", "WellID", "W1", values));
   EXPECT_TRUE(values.empty());
