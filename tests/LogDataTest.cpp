@@ -1,5 +1,5 @@
 // Log curves: sample arrays, depth-curve links, the orphan cleanup, batching.
-#include <cmath>
+#include <algorithm>
 #include <cstring>
 #include <limits>
 #include <tuple>
@@ -103,7 +103,7 @@ TEST_F(LogDataTest, CopiesAndAssignmentsRelinkIntoTheirOwnList) {
   EXPECT_EQ(many.back().Find("SP")->DepthCurve->Values, (std::vector<double>{1000.0, 1000.5, 1001.0}));
 }
 
-TEST_F(LogDataTest, LoadsReturnDepthCurvesWithTheirCurves) {
+TEST_F(LogDataTest, LoadsReturnDepthCurvesWithTheirCurvesAndStopAtAnUnreadableRow) {
   ASSERT_TRUE(object_->SaveWellLog(Sample("W1", {"GR", "SP"})));
   ASSERT_TRUE(object_->SaveWellLog(Sample("W2", {"GR"})));
 
@@ -131,6 +131,14 @@ TEST_F(LogDataTest, LoadsReturnDepthCurvesWithTheirCurves) {
   ASSERT_TRUE(object_->LoadCurveOfAllWells("SP", all));
   ASSERT_EQ(all.size(), 1u);
   ExpectLinkedInto(all[0]);  // SP came with its depth curve
+
+  // An unreadable measure ends the rows; the curves read before it are linked.
+  Exec("update w_log_data set Measure = NULL where WellID = 'W1' and CurveName = 'GR'");
+  WellLog partial;
+  EXPECT_FALSE(object_->LoadWellLog("W1", partial));
+  EXPECT_EQ(partial.Find("GR"), nullptr);
+  ASSERT_NE(partial.Find("DEPT"), nullptr);
+  ExpectLinkedInto(partial);
 }
 
 TEST_F(LogDataTest, DepthCurveGoesWithItsLastUser) {
@@ -185,16 +193,6 @@ TEST_F(LogDataTest, SaveWellLogsReplacesWholeWellsWhenTheSessionCloses) {
   EXPECT_EQ(Query("select WellID || '/' || CurveName from w_log_data order by WellID, CurveName"),
             (Texts{"W1/DEPT", "W1/GR", "W2/DEPT", "W2/SP"}));
   EXPECT_FALSE(object_->SaveWellLogs(0, {}));
-}
-
-TEST_F(LogDataTest, AnUnreadableMeasureEndsTheRows) {
-  ASSERT_TRUE(object_->SaveWellLog(Sample("W1", {"GR", "SP"})));
-  Exec("update w_log_data set Measure = NULL where CurveName = 'GR'");
-  WellLog log;
-  EXPECT_FALSE(object_->LoadWellLog("W1", log));
-  EXPECT_EQ(log.Find("GR"), nullptr);
-  ASSERT_NE(log.Find("DEPT"), nullptr);  // read before it, and linked
-  ExpectLinkedInto(log);
 }
 
 TEST_F(LogDataTest, NameListsAppendToWhatTheCallerHolds) {

@@ -1,6 +1,5 @@
 // Formation markers: the geological-layering view, its save through the depth
 // converter, and the general reader and writer with the attribute tables.
-#include <cmath>
 #include <numbers>
 
 #include "TestSupport.h"
@@ -77,11 +76,20 @@ TEST_F(MarkerDataTest, WithoutTheConverterNothingIsSaved) {
   EXPECT_EQ(messages_.texts(), Texts{"井名称不能为空！"});
 }
 
-TEST_F(MarkerDataTest, OtherSourcesAreNeverReadOrDeleted) {
+TEST_F(MarkerDataTest, LoadsByNameCrossProjectsAndOtherSourcesAreNeverReadOrDeleted) {
   ASSERT_TRUE(markers_->SaveMarkers(0, {Tops("W1"), Tops("W2")}));
   std::vector<MarkerRecord> records;
   ASSERT_TRUE(markers_->LoadMarkersOfWells({"W1", "W2"}, "Ng", records));
   EXPECT_EQ(records.size(), 2u);
+
+  // Loading by name lets any project with a well see every marker.
+  ASSERT_TRUE(markers_->LoadMarkersByName("Ng", "Q", records));
+  EXPECT_EQ(records.size(), 2u);  // W1 belongs to P, yet it comes too
+  EXPECT_FALSE(markers_->LoadMarkersByName("Ng", "NoSuchProject", records));
+  // The general reader ties the project to the marker's well.
+  ASSERT_TRUE(sources_->LoadMarkersByName(kLayering.c_str(), "Ng", "Q", records));
+  ASSERT_EQ(records.size(), 1u);
+  EXPECT_EQ(records[0].WellID, "W2");
 
   ASSERT_TRUE(markers_->DeleteWellMarkers("W1"));
   EXPECT_EQ(OtherSource(), Texts{"W1/X"});
@@ -95,22 +103,7 @@ TEST_F(MarkerDataTest, OtherSourcesAreNeverReadOrDeleted) {
   EXPECT_EQ(messages_.texts(), Texts{"工区名称不能为空！"});
 }
 
-TEST_F(MarkerDataTest, LoadByNameLetsAnyProjectWithAWellSeeEveryMarker) {
-  ASSERT_TRUE(markers_->SaveMarkers(0, {Tops("W1"), Tops("W2")}));
-  std::vector<MarkerRecord> records;
-  ASSERT_TRUE(markers_->LoadMarkersByName("Ng", "Q", records));
-  EXPECT_EQ(records.size(), 2u);  // W1 belongs to P, yet it comes too
-  EXPECT_FALSE(markers_->LoadMarkersByName("Ng", "NoSuchProject", records));
-  // The general reader ties the project to the marker's well.
-  ASSERT_TRUE(sources_->LoadMarkersByName(kLayering.c_str(), "Ng", "Q", records));
-  ASSERT_EQ(records.size(), 1u);
-  EXPECT_EQ(records[0].WellID, "W2");
-}
-
 TEST_F(MarkerDataTest, SourcesMoveTopsAndAttributes) {
-  Texts sources;
-  ASSERT_TRUE(sources_->GetSources(sources));
-  EXPECT_EQ(sources, Texts{"测井解释"});
   sql_.clear();
   ASSERT_TRUE(sources_->MoveMarkerTop("测井解释", "W1", "X", 1.5));
   EXPECT_EQ(sql_.texts("ExecuteSQL"),
@@ -157,16 +150,11 @@ TEST_F(MarkerDataTest, EveryListIsClearedFirst) {
   EXPECT_EQ(names([&](auto& v) { return sources_->GetProjectMarkerNames(kLayering.c_str(), "P", v); }), both);
   EXPECT_EQ(names([&](auto& v) { return sources_->GetWellMarkerNames(kLayering.c_str(), "W1", v); }), both);
 
-  // The record lists: each class reads its records through one loader.
+  // The record lists: each class reads its records through one loader, and
+  // the attribute lists share it.
   std::vector<MarkerRecord> records(3);
   ASSERT_TRUE(markers_->LoadProjectMarkers("P", records));
   EXPECT_EQ(records.size(), 2u);
-  records.resize(3);
-  ASSERT_TRUE(sources_->LoadMarkersOfWells(kLayering.c_str(), {"W1"}, "Ng", records));
-  EXPECT_EQ(records.size(), 1u);
-  std::vector<MarkerAttribute> attributes(2);
-  ASSERT_TRUE(sources_->GetAttributes("P", kLayering.c_str(), attributes));
-  EXPECT_EQ(attributes.size(), 1u);
   std::vector<MarkerAttributeValue> values(2);
   ASSERT_TRUE(sources_->LoadMarkerAttributeValues(kLayering.c_str(), "W1", "Ng", values));
   EXPECT_EQ(values.size(), 1u);

@@ -92,9 +92,6 @@ class WellDetailLayoutSuite : public ProjectTest {
     return Query(std::string("select WellID from ") + C::kTable + " order by WellID");
   }
   std::string Text(const std::string& head, const std::string& tail) { return head + C::kTable + tail; }
-  void AddWell(const std::string& project, const std::string& id) {
-    Exec("insert into w_well_data (ProjectName, WellID) values ('" + project + "', '" + id + "')");
-  }
   std::unique_ptr<typename C::I> object_;
 };
 
@@ -125,15 +122,13 @@ TYPED_TEST(WellDetailLayoutSuite, SavingAWellReplacesItsRowsAndLoadsThemByDepth)
   EXPECT_FALSE(this->object_->IsWellCoresExist("W1"));
   EXPECT_FALSE(this->object_->LoadWellCores("W1", back));
   EXPECT_TRUE(C::Rows(back).empty());
-  EXPECT_TRUE(this->messages_.texts().empty());
 }
 
 TYPED_TEST(WellDetailLayoutSuite, ProjectListsLoadsAndDeletesCoverOnlyItsWells) {
   using C = TypeParam;
-  this->AddWell("P", "W2");
-  this->AddWell("P", "W1");
-  this->AddWell("P", "W0");  // no rows
-  this->AddWell("Q", "W3");
+  // W0 of project P has no rows; W3 belongs to project Q.
+  this->Exec("insert into w_well_data (ProjectName, WellID) values "
+             "('P', 'W2'), ('P', 'W1'), ('P', 'W0'), ('Q', 'W3')");
   for (const char* id : {"W1", "W2", "W3"})
     ASSERT_TRUE(this->object_->SaveWellCores(this->WellOf(id, {C::Make("1", 10), C::Make("2", 20)})));
 
