@@ -39,13 +39,7 @@ void RunCorpus(const char* name, std::string (*target)(std::string_view)) {
   auto check = [&](const std::string& input) {
     const std::string failure = target(input);
     if (failure.empty() || ++failures > 3) return;
-    std::string shown;  // the input with its unprintable bytes escaped
-    for (const char c : input) {
-      char hex[8];
-      std::snprintf(hex, sizeof hex, "\\x%02X", static_cast<unsigned char>(c));
-      shown += c >= 0x20 && c < 0x7f && c != '\\' ? std::string(1, c) : hex;
-    }
-    ADD_FAILURE() << name << ": " << failure << "\ninput: \"" << shown << "\"";
+    ADD_FAILURE() << name << ": " << failure << "\ninput: " << ::testing::PrintToString(input);
   };
   for (const auto& entry : fs::directory_iterator(dir)) {
     std::ifstream in(entry.path(), std::ios::binary);

@@ -1,6 +1,5 @@
 // The host's English glosses of the library's messages, and its progress bar.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cctype>
@@ -104,40 +103,21 @@ TEST(GlossaryTest, MessagesAreGlossedWithTheirNamesOrShownAlone) {
   cli::SetGlossed(true);
 }
 
-// What a bar writes on stderr within `run`, stderr sent to a file meanwhile.
-template <class Run>
-std::string StderrOf(Run run) {
-  const fs::path file = fs::temp_directory_path() / ("petrodb-stderr-" + std::to_string(::getpid()));
-  std::fflush(stderr);
-  const int saved = ::dup(2);
-  std::FILE* out = std::fopen(file.c_str(), "w");
-  ::dup2(::fileno(out), 2);
-  run();
-  std::fflush(stderr);
-  ::dup2(saved, 2);
-  ::close(saved);
-  std::fclose(out);
-  std::ifstream in(file);
-  const std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-  fs::remove(file);
-  return text;
-}
-
 TEST(GlossaryTest, ProgressShowsAfterASecondOnATerminalOnly) {
-  const std::string written = StderrOf([] {
-    cli::ProgressBar::Force(-1);  // stderr is a file now: no bar
-    cli::ProgressBar silent("import", 100, "rows");
-    cli::ProgressBar::Force(1);
-    cli::ProgressBar shown("export", 100, "rows"), quick("quick", 100, "rows");
-    quick.Set(10);  // under a second: nothing yet
-    quick.Finish();
-    std::this_thread::sleep_for(std::chrono::milliseconds(1100));
-    for (auto* bar : {&silent, &shown}) {
-      bar->Set(50);
-      bar->Finish();
-    }
-    cli::ProgressBar::Force(-1);
-  });
+  ::testing::internal::CaptureStderr();
+  cli::ProgressBar::Force(-1);  // stderr is a file now: no bar
+  cli::ProgressBar silent("import", 100, "rows");
+  cli::ProgressBar::Force(1);
+  cli::ProgressBar shown("export", 100, "rows"), quick("quick", 100, "rows");
+  quick.Set(10);  // under a second: nothing yet
+  quick.Finish();
+  std::this_thread::sleep_for(std::chrono::milliseconds(1100));
+  for (auto* bar : {&silent, &shown}) {
+    bar->Set(50);
+    bar->Finish();
+  }
+  cli::ProgressBar::Force(-1);
+  const std::string written = ::testing::internal::GetCapturedStderr();
   EXPECT_EQ(written.find("import"), std::string::npos) << written;
   EXPECT_EQ(written.find("quick"), std::string::npos) << written;
   EXPECT_NE(written.find("export  50% [##########..........] 50/100 rows"), std::string::npos) << written;

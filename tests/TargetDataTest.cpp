@@ -80,14 +80,5 @@ TEST_F(TargetDataTest, ProjectListsLoadsAndDeletes) {
   EXPECT_TRUE(Stored().empty());
 }
 
-TEST_F(TargetDataTest, WithoutTheTableNothingIsWrittenOrDeleted) {
-  Exec("drop table w_target");
-  sql_.clear();
-  EXPECT_FALSE(object_->SaveWellTargets("W1", {Target("W1", "a", 1)}));
-  EXPECT_FALSE(object_->DeleteProjectTargets("P"));
-  EXPECT_TRUE(sql_.texts("ExecuteSQL").empty());
-  EXPECT_TRUE(sql_.texts("SaveData").empty());
-}
-
 }  // namespace
 }  // namespace petrodb::test

