@@ -130,7 +130,7 @@ TEST_F(FaultTest, AKillDuringACurveReplaceLeavesAWholeGeneration) {
                      });
 }
 
-TEST_F(FaultTest, AFullDiskFailsTheReplaceAndKeepsTheOldRecord) {
+TEST_F(FaultTest, AFullDiskFailsTheReplaceAndKeepsTheOldRecordThatReadOnlyMediaStillRead) {
   PETRODB_SKIP_ON_SERVER();
   SmallDisk disk(dir_ / "small");
   if (!disk.failure.empty()) GTEST_SKIP() << "cannot mount a tmpfs (needs root): " << disk.failure;
@@ -162,22 +162,12 @@ TEST_F(FaultTest, AFullDiskFailsTheReplaceAndKeepsTheOldRecord) {
   ASSERT_TRUE(logs->LoadWellLog("W1", curves));
   EXPECT_EQ(curves.Curves.at(1).Values, std::vector<double>(100, 1.5));
   ExpectIntact();
-}
 
-TEST_F(FaultTest, AProjectOnReadOnlyMediaIsReadButNotWritten) {
-  PETRODB_SKIP_ON_SERVER();
-  SmallDisk disk(dir_ / "ro");
-  if (!disk.failure.empty()) GTEST_SKIP() << "cannot mount a tmpfs (needs root): " << disk.failure;
-  UseProjectOn(disk);
-  auto wells = Make<IBasicWellData>("IBasicWellData");
-  WellRecord w;
-  w.WellID = "W1";
-  ASSERT_TRUE(wells->SaveWell("P", w));  // the file is now in write-ahead-log mode
+  // The same file, in write-ahead-log mode, on media remounted read-only.
   db::ClearConnectionPool();
   ASSERT_TRUE(disk.MakeReadOnly());
-  WellRecord loaded;
   EXPECT_TRUE(wells->LoadWell("W1", loaded));
-  EXPECT_FALSE(wells->SaveWell("P", w));
+  EXPECT_FALSE(wells->SaveWell("P", loaded));
   EXPECT_NE(LastError().find("read-only"), std::string::npos) << LastError();
 }
 
@@ -216,7 +206,7 @@ TEST_F(FaultTest, ADamagedFileFailsTheReadInsteadOfEndingItEarly) {
   EXPECT_FALSE(db.ReadFailed());
 }
 
-TEST_F(FaultTest, FilesThatAreNoProjectAreRefusedAndLeftAsTheyAre) {
+TEST_F(FaultTest, FilesThatAreNoProjectOrLockedAreRefusedSayingWhy) {
   PETRODB_SKIP_ON_SERVER();
   const fs::path empty = dir_ / "empty.mdb", text = dir_ / "notes.mdb";
   std::ofstream(empty, std::ios::binary).flush();
@@ -235,22 +225,17 @@ TEST_F(FaultTest, FilesThatAreNoProjectAreRefusedAndLeftAsTheyAre) {
   const std::string plain = "Provider=SQLite;Data Source=" + empty.string();
   EXPECT_FALSE(CDbManage(plain.c_str()).IsConnected());
   EXPECT_EQ(fs::file_size(empty), 0u);
-}
 
-TEST_F(FaultTest, ALockHeldByAnotherProcessIsNamed) {
-  PETRODB_SKIP_ON_SERVER();
+  // The project itself, while another process holds its write lock.
   sqlite3* other = nullptr;
   ASSERT_EQ(sqlite3_open(file_.c_str(), &other), SQLITE_OK);
   ASSERT_EQ(sqlite3_exec(other, "pragma journal_mode=wal; begin immediate", nullptr, nullptr, nullptr), SQLITE_OK);
-  {
-    CDbManage db(connection_.c_str());
-    EXPECT_FALSE(db.ExecuteSQL("delete from w_well_data"));
-    EXPECT_EQ(LastError(), "database is locked by another process: " + file_);
-    ASSERT_EQ(sql_.events().size(), 1u);
-    EXPECT_EQ(sql_.events()[0].error, LastError());
-  }
-  sqlite3_exec(other, "rollback", nullptr, nullptr, nullptr);
-  sqlite3_close(other);
+  sql_.clear();
+  EXPECT_FALSE(CDbManage(connection_.c_str()).ExecuteSQL("delete from w_well_data"));
+  EXPECT_EQ(LastError(), "database is locked by another process: " + file_);
+  ASSERT_EQ(sql_.events().size(), 1u);
+  EXPECT_EQ(sql_.events()[0].error, LastError());
+  sqlite3_close(other);  // the open transaction is rolled back
 }
 
 TEST_F(FaultTest, PasswordsNeverReachErrorsOrTraces) {

@@ -64,11 +64,8 @@ TEST_F(SegyTest, ScalarsAndLayoutsPlaceTheCoordinates) {
   segy::Headers h;
   std::string error;
   ASSERT_TRUE(segy::ReadHeaders(scaled, SegyFormat(), h, error)) << error;
-  EXPECT_EQ(std::tie(h.sampleInterval, h.samples, h.format), std::make_tuple(4000, 50, 5));
   ASSERT_EQ(h.traces.size(), 100u);
-  EXPECT_EQ(std::tie(h.traces[0].cdp, h.traces[0].line), std::make_tuple(1001, 12));
-  EXPECT_DOUBLE_EQ(h.traces[0].x, 612345.67);
-  EXPECT_DOUBLE_EQ(h.traces[99].y, 4987629.57);
+  EXPECT_DOUBLE_EQ(h.traces[99].y, 4987629.57);  // scaled by 1/100
 
   // The standard layout finds nothing at 81/85 in the second file; its layout does.
   ASSERT_TRUE(segy::ReadHeaders(cdp, SegyFormat(), h, error)) << error;

@@ -57,7 +57,7 @@ TEST(SegyLayoutText, ReadingGoesOverTheDefaults) {
   EXPECT_EQ(empty, SegyFormat());
 }
 
-TEST(SeismicTextCodecs, PairsProfilesAndNamesRoundTripInAnyLocale) {
+TEST(SeismicTextCodecs, PairsAndProfilesRoundTripInAnyLocale) {
   // A host running under a locale with a decimal comma must not change the texts.
   const std::string previous = std::setlocale(LC_NUMERIC, nullptr);
   std::setlocale(LC_NUMERIC, "de_DE.UTF-8");
@@ -73,13 +73,6 @@ TEST(SeismicTextCodecs, PairsProfilesAndNamesRoundTripInAnyLocale) {
   std::vector<double> x, y;
   DecodeProfilePoints("1.000000,-3.000000,2.500000,4.000000,9", x, y);
   EXPECT_EQ(std::tie(x, y), std::make_tuple(std::vector<double>{1, 2.5}, std::vector<double>{-3, 4}));
-
-  EXPECT_EQ(JoinNames({"W1", "井2", "W3"}), "W1,井2,W3");
-  std::vector<std::string> names;
-  SplitNames("", names);
-  EXPECT_TRUE(names.empty());
-  SplitNames("W1,井2", names);
-  EXPECT_EQ(names, (std::vector<std::string>{"W1", "井2"}));
 
   std::setlocale(LC_NUMERIC, previous.c_str());
 }

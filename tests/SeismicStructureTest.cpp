@@ -166,7 +166,7 @@ TEST_F(SeisHFItemTest, ItemsAreNumberedByTheDatabaseAndDeletesLeaveTheirPoints) 
 
 using WellSeisHorizonTest = ObjectTest<IWellSeisHorizon, "IWellSeisHorizon">;
 
-TEST_F(WellSeisHorizonTest, HorizonsAreFiledByWellAndNullsKeepTheirPresets) {
+TEST_F(WellSeisHorizonTest, HorizonsAreFiledByWellAndReplacedByWell) {
   Exec("insert into w_well_data (ProjectName, WellID) values ('P', 'W1'), ('P', 'W3')");
   ASSERT_TRUE(object_->SaveWellsHorizons(
       {{"W2", {{"", "T2", 1500, 1.2}}}, {"W1", {{"", "T3", 2000, 1.6}, {"", "T1", 1000, 0.9}}}}));
@@ -177,11 +177,6 @@ TEST_F(WellSeisHorizonTest, HorizonsAreFiledByWellAndNullsKeepTheirPresets) {
   EXPECT_EQ(byWell["W1"], (std::vector<WellSeisHorizon>{{"W1", "T1", 1000, 0.9}, {"W1", "T2", 1200, 1.0}}));
   Texts wells;
   EXPECT_TRUE(object_->GetWellsWithHorizons("P", wells) && wells == Texts{"W1"});
-
-  Exec("update w_seismic_horizon set dTopMD = NULL, dTime = NULL where WellID = 'W2'");
-  std::vector<WellSeisHorizon> horizons;
-  ASSERT_TRUE(object_->LoadWellHorizons("W2", horizons));
-  EXPECT_EQ(horizons, (std::vector<WellSeisHorizon>{{"W2", "T2", -99999.0, -99999.0}}));
 
   EXPECT_FALSE(object_->SaveWellHorizons("", {}));
   ASSERT_TRUE(object_->DeleteWellsHorizons({"W2"}));
