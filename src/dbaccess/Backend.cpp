@@ -29,7 +29,10 @@ void AskLargePages(void* block, std::size_t bytes) {
 #endif
 }  // namespace
 
-void* GrowPlainBlock(void* block, std::size_t bytes, std::size_t grownBytes) {
+namespace {
+
+// A growing block: mapped memory of its own from kMapped on, heap memory below.
+void* Resize(void* block, std::size_t bytes, std::size_t grownBytes) {
 #if defined(__linux__)
   if (grownBytes >= kMapped) {
     void* grown = MAP_FAILED;
@@ -52,8 +55,7 @@ void* GrowPlainBlock(void* block, std::size_t bytes, std::size_t grownBytes) {
   return grown;
 }
 
-void FreePlainBlock(void* block, std::size_t bytes) {
-  if (!block) return;
+void Release(void* block, std::size_t bytes) {
 #if defined(__linux__)
   if (bytes >= kMapped) {
     ::munmap(block, bytes);
@@ -61,6 +63,83 @@ void FreePlainBlock(void* block, std::size_t bytes) {
   }
 #endif
   std::free(block);
+}
+
+// The blocks a thread's last batches left, for its next ones: a batch of the
+// same size as the last then finds its memory in place. Blocks are kept by the
+// size of their values (a batch's cells apart from its text), and bounded, so
+// that one huge batch does not keep its memory for good.
+constexpr std::size_t kSpareBlocks = 4;
+constexpr std::size_t kSpareBytes = std::size_t{64} << 20;
+
+struct SpareBlocks {
+  struct Block {
+    void* data = nullptr;
+    std::size_t bytes = 0;
+    std::size_t kind = 0;
+  };
+  Block blocks[kSpareBlocks];
+  std::size_t total = 0;
+
+  ~SpareBlocks();
+  // The largest kept block of the kind; empty when none is.
+  Block Take(std::size_t kind) {
+    Block* best = nullptr;
+    for (Block& b : blocks)
+      if (b.data && b.kind == kind && (!best || b.bytes > best->bytes)) best = &b;
+    if (!best) return {};
+    const Block taken = *best;
+    *best = {};
+    total -= taken.bytes;
+    return taken;
+  }
+  // Keeps the block in a free place, or in place of a smaller one; false when it is not kept.
+  bool Keep(void* data, std::size_t bytes, std::size_t kind) {
+    Block* slot = nullptr;
+    for (Block& b : blocks)
+      if (!b.data) {
+        slot = &b;
+        break;
+      }
+    if (!slot)
+      for (Block& b : blocks)
+        if (b.bytes < bytes && (!slot || b.bytes < slot->bytes)) slot = &b;
+    if (!slot || total - slot->bytes + bytes > kSpareBytes) return false;
+    if (slot->data) Release(slot->data, slot->bytes);
+    total = total - slot->bytes + bytes;
+    *slot = {data, bytes, kind};
+    return true;
+  }
+};
+
+// Batches freed while the thread ends (after its spare blocks went) free their memory.
+thread_local bool t_spareGone = false;
+thread_local SpareBlocks t_spare;
+
+SpareBlocks::~SpareBlocks() {
+  t_spareGone = true;
+  for (Block& b : blocks)
+    if (b.data) Release(b.data, b.bytes);
+}
+
+}  // namespace
+
+void* GrowPlainBlock(void* block, std::size_t bytes, std::size_t& grownBytes, std::size_t kind) {
+  if (!block && !t_spareGone) {
+    if (const auto spare = t_spare.Take(kind); spare.data) {
+      if (spare.bytes >= grownBytes) {
+        grownBytes = spare.bytes;
+        return spare.data;
+      }
+      return Resize(spare.data, spare.bytes, grownBytes);
+    }
+  }
+  return Resize(block, bytes, grownBytes);
+}
+
+void FreePlainBlock(void* block, std::size_t bytes, std::size_t kind) {
+  if (!block) return;
+  if (t_spareGone || !t_spare.Keep(block, bytes, kind)) Release(block, bytes);
 }
 
 const PendingRows::Run& PendingRows::RunOf(std::size_t row) const {
@@ -109,38 +188,43 @@ PendingCell* PendingRows::Slot(const char* column) {
 }
 
 void PendingRows::SetInteger(const char* column, std::int64_t value) {
-  if (PendingCell* cell = Slot(column)) {
-    cell->kind = CellKind::Integer;
-    cell->integer = value;
-  }
+  if (PendingCell* cell = Slot(column)) PutInteger(*cell, value);
 }
 
 void PendingRows::SetReal(const char* column, double value) {
-  if (PendingCell* cell = Slot(column)) {
-    cell->kind = CellKind::Real;
-    cell->real = value;
-  }
+  if (PendingCell* cell = Slot(column)) PutReal(*cell, value);
 }
 
 void PendingRows::SetText(const char* column, std::string_view value) {
-  if (PendingCell* cell = Slot(column)) {
-    cell->kind = CellKind::Text;
-    cell->size = static_cast<std::uint32_t>(value.size());
-    if (value.size() <= PendingCell::kInline) {
-      if (!value.empty()) std::memcpy(cell->chars, value.data(), value.size());
-    } else {
-      cell->at = text_.size();
-      text_.append(value.data(), value.size());
-    }
-  }
+  if (PendingCell* cell = Slot(column)) PutText(*cell, value);
 }
 
 void PendingRows::SetArray(const char* column, const Variant& value) {
-  if (PendingCell* cell = Slot(column)) {
-    cell->kind = CellKind::Blob;
-    cell->at = arrays_.size();
-    arrays_.push_back(value);
+  if (PendingCell* cell = Slot(column)) PutArray(*cell, value);
+}
+
+void PendingRows::StartRowWith(const std::string& table, const char* const* columns, std::size_t count) {
+  StartRow(table);
+  if (following_) {
+    const std::size_t shape = runs_.back().shape;
+    bool same = shape == namedShape_ && namedColumns_.size() == count &&
+                std::equal(columns, columns + count, namedColumns_.begin());
+    if (!same) {
+      const auto& previous = shapes_[shape].columns;
+      same = count <= previous.size();
+      for (std::size_t k = 0; same && k < count; ++k) same = previous[k] == columns[k];
+      if (same) {
+        namedShape_ = shape;
+        namedColumns_.assign(columns, columns + count);
+      }
+    }
+    if (same) {
+      const PendingCell empty{{0}, 0, CellKind::Null};
+      for (std::size_t k = 0; k < count; ++k) cells_.push_back(empty);
+      return;
+    }
   }
+  for (std::size_t k = 0; k < count; ++k) Slot(columns[k]);
 }
 
 void PendingRows::Seal() {
@@ -175,6 +259,8 @@ void PendingRows::clear() {
   arrays_.clear();
   open_ = following_ = false;
   openColumns_.clear();
+  namedColumns_.clear();
+  namedShape_ = static_cast<std::size_t>(-1);
 }
 
 void PendingRows::swap(PendingRows& other) noexcept {
@@ -189,6 +275,8 @@ void PendingRows::swap(PendingRows& other) noexcept {
   std::swap(openFirst_, other.openFirst_);
   std::swap(openTable_, other.openTable_);
   std::swap(openColumns_, other.openColumns_);
+  std::swap(namedColumns_, other.namedColumns_);
+  std::swap(namedShape_, other.namedShape_);
 }
 
 std::string InsertText(const RowShape& row, std::string (*column)(const std::string&),

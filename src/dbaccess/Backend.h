@@ -15,13 +15,12 @@
 #include <variant>
 #include <vector>
 
+#include "dbaccess/Cells.h"
 #include "petrodb/Variant.h"
 
 namespace petrodb::db {
 
 enum class Dialect { Jet, Server };
-
-enum class CellKind : std::uint8_t { Null, Integer, Real, Text, Blob };
 
 // A result set standing on a row (or past the last one).
 class Cursor {
@@ -40,13 +39,53 @@ class Cursor {
   virtual std::span<const std::byte> Blob(int column) const = 0;
   // Why the rows ended early; empty while they ended (or will end) normally.
   virtual std::string Error() const { return {}; }
+  // The current row's fields at `columns` (-1: no such column, read as Null),
+  // all in one call.
+  virtual void Fetch(const int* columns, std::size_t count, FieldCell* out) const;
 };
+
+// Fetch through a cursor's own Kind and value calls (a final class calls them directly).
+template <class C>
+void FetchCells(const C& cursor, const int* columns, std::size_t count, FieldCell* out) {
+  for (std::size_t k = 0; k < count; ++k) {
+    FieldCell& cell = out[k];
+    const int i = columns[k];
+    cell.kind = i < 0 ? CellKind::Null : cursor.Kind(i);
+    switch (cell.kind) {
+      case CellKind::Integer: cell.integer = cursor.Integer(i); break;
+      case CellKind::Real: cell.real = cursor.Real(i); break;
+      case CellKind::Text: {
+        const std::string_view text = cursor.Text(i);
+        cell.data = text.data();
+        cell.size = text.size();
+        break;
+      }
+      case CellKind::Blob: {
+        const auto bytes = cursor.Blob(i);
+        cell.data = reinterpret_cast<const char*>(bytes.data());
+        cell.size = bytes.size();
+        break;
+      }
+      case CellKind::Null: break;
+    }
+  }
+}
+
+inline void Cursor::Fetch(const int* columns, std::size_t count, FieldCell* out) const {
+  FetchCells(*this, columns, count, out);
+}
 
 // A growing array of plain values for batches of any length: it grows in place
 // where the system can, and large ones ask for large memory pages, so that a
 // long batch neither copies itself as it grows nor pays a fault per small page.
-void* GrowPlainBlock(void* block, std::size_t bytes, std::size_t grownBytes);
-void FreePlainBlock(void* block, std::size_t bytes);
+// A thread keeps the blocks of its last batches (up to a bound) for the next
+// ones, whose pages are then already there.
+//
+// GrowPlainBlock gives a block of at least `grownBytes` (null `block`: a new
+// one) and sets `grownBytes` to its size; `kind` (the size of the values) sorts
+// the kept blocks.
+void* GrowPlainBlock(void* block, std::size_t bytes, std::size_t& grownBytes, std::size_t kind);
+void FreePlainBlock(void* block, std::size_t bytes, std::size_t kind);
 
 template <class T>
 class PlainArray {
@@ -56,7 +95,7 @@ class PlainArray {
   PlainArray() = default;
   PlainArray(const PlainArray&) = delete;
   PlainArray& operator=(const PlainArray&) = delete;
-  ~PlainArray() { FreePlainBlock(data_, capacity_ * sizeof(T)); }
+  ~PlainArray() { FreePlainBlock(data_, bytes_, sizeof(T)); }
 
   std::size_t size() const { return size_; }
   T* data() { return data_; }
@@ -78,17 +117,21 @@ class PlainArray {
     std::swap(data_, other.data_);
     std::swap(size_, other.size_);
     std::swap(capacity_, other.capacity_);
+    std::swap(bytes_, other.bytes_);
   }
 
  private:
   void Grow(std::size_t need) {
     std::size_t capacity = capacity_ ? capacity_ * 2 : 64;
     while (capacity < need) capacity *= 2;
-    data_ = static_cast<T*>(GrowPlainBlock(data_, capacity_ * sizeof(T), capacity * sizeof(T)));
-    capacity_ = capacity;
+    std::size_t bytes = capacity * sizeof(T);
+    data_ = static_cast<T*>(GrowPlainBlock(data_, bytes_, bytes, sizeof(T)));
+    bytes_ = bytes;
+    capacity_ = bytes / sizeof(T);
   }
   T* data_ = nullptr;
   std::size_t size_ = 0, capacity_ = 0;
+  std::size_t bytes_ = 0;  // of the block
 };
 
 // A value waiting to be written. Text of up to eight bytes is held in the cell;
@@ -141,6 +184,37 @@ class PendingRows {
   void SetReal(const char* column, double value);
   void SetText(const char* column, std::string_view value);
   void SetArray(const char* column, const Variant& value);
+  // Begins a row of `table` with `count` columns set to NULL at once, as
+  // StartRow and SetNull for each would; their cells are then OpenCell(0) ..
+  // OpenCell(count - 1). The names must be distinct (ignoring case), and stay
+  // as they are while the batch lives: a row with the very names of the row
+  // before is not compared again.
+  void StartRowWith(const std::string& table, const char* const* columns, std::size_t count);
+  PendingCell& OpenCell(std::size_t k) { return cells_[openFirst_ + k]; }
+  // A value into a cell of the open row.
+  static void PutInteger(PendingCell& cell, std::int64_t value) {
+    cell.kind = CellKind::Integer;
+    cell.integer = value;
+  }
+  static void PutReal(PendingCell& cell, double value) {
+    cell.kind = CellKind::Real;
+    cell.real = value;
+  }
+  void PutText(PendingCell& cell, std::string_view value) {
+    cell.kind = CellKind::Text;
+    cell.size = static_cast<std::uint32_t>(value.size());
+    if (value.size() <= PendingCell::kInline) {
+      if (!value.empty()) std::memcpy(cell.chars, value.data(), value.size());
+    } else {
+      cell.at = text_.size();
+      text_.append(value.data(), value.size());
+    }
+  }
+  void PutArray(PendingCell& cell, Variant value) {
+    cell.kind = CellKind::Blob;
+    cell.at = arrays_.size();
+    arrays_.push_back(std::move(value));
+  }
   // Completes the row begun last; the batch is then ready to be written.
   void Seal();
   void clear();
@@ -167,6 +241,9 @@ class PendingRows {
   std::size_t openFirst_ = 0;  // its first cell
   std::string openTable_;
   std::vector<std::string> openColumns_;
+  // Names StartRowWith found to be those of the shape `namedShape_`.
+  std::vector<const char*> namedColumns_;
+  std::size_t namedShape_ = static_cast<std::size_t>(-1);
 };
 
 // "insert into <table> (<c1>, <c2>) values (<p1>, <p2>)", or "insert into

@@ -18,7 +18,10 @@
 // Every table registers itself, so a test can hold each declaration against the
 // schema: the column exists in the named table (or in the table a view names)
 // with a type the member can hold.
+#include <cstddef>
 #include <functional>
+#include <new>
+#include <stdexcept>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -26,6 +29,8 @@
 #include <utility>
 #include <vector>
 
+#include "dbaccess/Backend.h"
+#include "dbaccess/Cells.h"
 #include "dbaccess/DbManage.h"
 #include "petrodb/DateTime.h"
 #include "petrodb/Variant.h"
@@ -72,7 +77,135 @@ void WriteValue(CDbManage& db, const char* column, const std::vector<double>& va
 void WriteValue(CDbManage& db, const char* column, const Variant& value, EmptyArray);
 void WriteValue(CDbManage& db, const char* column, const DateTime& value, EmptyArray);
 
+// A member's value into a cell of a row begun by AddNewWith, as WriteValue
+// would set it (the cell is NULL to begin with).
+inline void ToCell(db::PendingRows& rows, db::PendingCell& cell, const std::string& value, EmptyArray) {
+  rows.PutText(cell, value);
+}
+inline void ToCell(db::PendingRows&, db::PendingCell& cell, double value, EmptyArray) {
+  db::PendingRows::PutReal(cell, value);
+}
+inline void ToCell(db::PendingRows&, db::PendingCell& cell, float value, EmptyArray) {
+  db::PendingRows::PutReal(cell, static_cast<double>(value));
+}
+inline void ToCell(db::PendingRows&, db::PendingCell& cell, int value, EmptyArray) {
+  db::PendingRows::PutInteger(cell, value);
+}
+inline void ToCell(db::PendingRows&, db::PendingCell& cell, long value, EmptyArray) {
+  db::PendingRows::PutInteger(cell, value);
+}
+inline void ToCell(db::PendingRows& rows, db::PendingCell& cell, char value, EmptyArray) {
+  rows.PutText(cell, std::string_view(&value, 1));
+}
+inline void ToCell(db::PendingRows& rows, db::PendingCell& cell, const DateTime& value, EmptyArray) {
+  rows.PutText(cell, value.ToIsoText());
+}
+inline void ToCell(db::PendingRows& rows, db::PendingCell& cell, const Variant& value, EmptyArray) {
+  if (!value.IsNull()) rows.PutArray(cell, value);
+}
+inline void ToCell(db::PendingRows& rows, db::PendingCell& cell, const std::vector<double>& values,
+                   EmptyArray empty) {
+  if (values.empty() && empty != EmptyArray::ZeroLength) return;
+  Variant v;
+  DoubleArrayToVariant(values.data(), static_cast<int>(values.size()), v);
+  if (!v.IsNull()) rows.PutArray(cell, std::move(v));
+}
+
+// Where a typed getter or setter keeps the callable that reaches its member.
+template <class Access>
+void* StoreAccess(unsigned char* storage, std::size_t size, const Access& access) {
+  static_assert(std::is_trivially_copyable_v<Access> && alignof(Access) <= alignof(std::max_align_t));
+  if (sizeof(Access) > size) throw std::logic_error("member access too large");
+  return ::new (static_cast<void*>(storage)) Access(access);
+}
+template <class Access>
+const Access& StoredAccess(const void* storage) {
+  return *std::launder(static_cast<const Access*>(storage));
+}
+
 }  // namespace columns
+
+// Reads a column into its member: callable as (db, record), false when the
+// value cannot be read. A getter made by Col() also converts a field the
+// session has fetched straight into the member, without looking the column up;
+// a getter assigned anything else is called as it is.
+template <class Record>
+class ColumnGetter {
+ public:
+  using Function = std::function<bool(const CDbManage&, Record&)>;
+
+  ColumnGetter() = default;
+  template <class F, class = std::enable_if_t<!std::is_same_v<std::decay_t<F>, ColumnGetter> &&
+                                              std::is_constructible_v<Function, F>>>
+  ColumnGetter(F f) : function_(std::move(f)) {}
+
+  // Reads the member through `access` (a small copyable callable giving T& of a record).
+  template <class T, class Access>
+  static ColumnGetter Typed(const char* name, Access access) {
+    ColumnGetter g([name, access](const CDbManage& db, Record& r) { return columns::ReadValue(db, name, access(r)); });
+    columns::StoreAccess(g.access_, kStorage, access);
+    g.fromCell_ = [](const db::FieldCell& cell, Record& r, const void* stored) {
+      return db::CellTo(cell, columns::StoredAccess<Access>(stored)(r));
+    };
+    return g;
+  }
+
+  bool operator()(const CDbManage& db, Record& record) const { return function_(db, record); }
+  explicit operator bool() const { return static_cast<bool>(function_); }
+  // True when FromCell can read the member.
+  bool ReadsCells() const { return fromCell_ != nullptr; }
+  bool FromCell(const db::FieldCell& cell, Record& record) const { return fromCell_(cell, record, access_); }
+
+ private:
+  static constexpr std::size_t kStorage = 2 * sizeof(void*);
+  Function function_;
+  bool (*fromCell_)(const db::FieldCell&, Record&, const void*) = nullptr;
+  alignas(std::max_align_t) unsigned char access_[kStorage] = {};
+};
+
+// Writes a member into the column of the row begun with AddNew; callable as
+// (db, record, emptyArray). A setter made by Col() also puts the member straight
+// into a cell of a row begun with AddNewWith; one assigned anything else is
+// called as it is.
+template <class Record>
+class ColumnSetter {
+ public:
+  using Function = std::function<void(CDbManage&, const Record&, EmptyArray)>;
+
+  ColumnSetter() = default;
+  template <class F, class = std::enable_if_t<!std::is_same_v<std::decay_t<F>, ColumnSetter> &&
+                                              std::is_constructible_v<Function, F>>>
+  ColumnSetter(F f) : function_(std::move(f)) {}
+
+  template <class T, class Access>
+  static ColumnSetter Typed(const char* name, Access access) {
+    // Writing only reads the member.
+    ColumnSetter s([name, access](CDbManage& db, const Record& r, EmptyArray empty) {
+      columns::WriteValue(db, name, std::as_const(access(const_cast<Record&>(r))), empty);
+    });
+    columns::StoreAccess(s.access_, kStorage, access);
+    s.toCell_ = [](db::PendingRows& rows, db::PendingCell& cell, const Record& r, const void* stored,
+                   EmptyArray empty) {
+      columns::ToCell(rows, cell, std::as_const(columns::StoredAccess<Access>(stored)(const_cast<Record&>(r))),
+                      empty);
+    };
+    return s;
+  }
+
+  void operator()(CDbManage& db, const Record& record, EmptyArray empty) const { function_(db, record, empty); }
+  explicit operator bool() const { return static_cast<bool>(function_); }
+  // True when ToCell can write the member.
+  bool WritesCells() const { return toCell_ != nullptr; }
+  void ToCell(db::PendingRows& rows, db::PendingCell& cell, const Record& record, EmptyArray empty) const {
+    toCell_(rows, cell, record, access_, empty);
+  }
+
+ private:
+  static constexpr std::size_t kStorage = 2 * sizeof(void*);
+  Function function_;
+  void (*toCell_)(db::PendingRows&, db::PendingCell&, const Record&, const void*, EmptyArray) = nullptr;
+  alignas(std::max_align_t) unsigned char access_[kStorage] = {};
+};
 
 template <class Record>
 struct Column {
@@ -83,11 +216,11 @@ struct Column {
   bool written = true;
   EmptyArray emptyArray = EmptyArray::Null;
   // Reads the member; false when the value cannot be read.
-  std::function<bool(const CDbManage&, Record&)> get;
+  ColumnGetter<Record> get;
   // Gives the member its fallback (columns that are not required); null keeps
   // the member as it was.
   std::function<void(Record&)> fallback;
-  std::function<void(CDbManage&, const Record&, EmptyArray)> set;
+  ColumnSetter<Record> set;
 };
 
 // What Col() gives: a column that still knows its member's type, so that its
@@ -132,11 +265,8 @@ ColumnOf<Record, T> Make(const char* name, Access access) {
   c.name = name;
   c.kind = KindOf<T>();
   c.member = access;
-  c.get = [name, access](const CDbManage& db, Record& r) { return ReadValue(db, name, access(r)); };
-  // Writing only reads the member.
-  c.set = [name, access](CDbManage& db, const Record& r, EmptyArray empty) {
-    WriteValue(db, name, std::as_const(access(const_cast<Record&>(r))), empty);
-  };
+  c.get = ColumnGetter<Record>::template Typed<T>(name, access);
+  c.set = ColumnSetter<Record>::template Typed<T>(name, access);
   return c;
 }
 }  // namespace columns
@@ -174,6 +304,19 @@ class ColumnTable {
     ColumnTableInfo info{table_, {}};
     for (const auto& c : columns_) info.columns.push_back({c.name, c.kind, c.written});
     RegisterColumnTable(std::move(info));
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+      const auto& c = columns_[i];
+      if (c.read) {
+        readNames_.push_back(c.name);
+        readsCells_ = readsCells_ && c.get.ReadsCells();
+      }
+      if (c.written) {
+        for (const char* other : writeNames_) writesCells_ = writesCells_ && !sql::EqualsIgnoreCase(other, c.name);
+        writeNames_.push_back(c.name);
+        written_.push_back(i);
+        writesCells_ = writesCells_ && c.set.WritesCells();
+      }
+    }
   }
 
   const char* table() const { return table_; }
@@ -183,9 +326,22 @@ class ColumnTable {
   // first required column that cannot be read (fields read so far keep their
   // values, later ones are not touched).
   bool Read(const CDbManage& db, Record& record) const {
+    if (!readsCells_) {
+      for (const auto& c : columns_) {
+        if (!c.read) continue;
+        if (c.get(db, record)) continue;
+        if (c.required) return false;
+        if (c.fallback) c.fallback(record);
+      }
+      return true;
+    }
+    // The row's fields fetched at once; no row reads as every field NULL.
+    const db::FieldCell* cells = db.GetFields(readNames_.data(), readNames_.size());
+    const db::FieldCell none;
+    std::size_t k = 0;
     for (const auto& c : columns_) {
       if (!c.read) continue;
-      if (c.get(db, record)) continue;
+      if (c.get.FromCell(cells ? cells[k++] : none, record)) continue;
       if (c.required) return false;
       if (c.fallback) c.fallback(record);
     }
@@ -200,8 +356,16 @@ class ColumnTable {
 
   // Begins a row (AddNew) and writes the record into it.
   void AddRow(CDbManage& db, const Record& record) const {
-    db.AddNew();
-    Write(db, record);
+    if (!writesCells_) {
+      db.AddNew();
+      Write(db, record);
+      return;
+    }
+    db::PendingRows& rows = db.AddNewWith(writeNames_.data(), writeNames_.size());
+    for (std::size_t k = 0; k < written_.size(); ++k) {
+      const auto& c = columns_[written_[k]];
+      c.set.ToCell(rows, rows.OpenCell(k), record, c.emptyArray);
+    }
   }
   // Begins a row, sets `keyColumn` to `key` (a value the operation has and the
   // record does not hold), then writes the record's columns.
@@ -219,6 +383,11 @@ class ColumnTable {
  private:
   const char* table_;
   std::vector<Column<Record>> columns_;
+  std::vector<const char*> readNames_;  // of the read columns, in order
+  bool readsCells_ = true;              // every read column's getter reads fetched fields
+  std::vector<const char*> writeNames_;  // of the written columns, in order
+  std::vector<std::size_t> written_;     // their places in columns_
+  bool writesCells_ = true;              // every written column's setter fills cells, names distinct
 };
 
 // A row reader that reads through the column table of `Row` (a stored row: the

@@ -17,6 +17,7 @@
 #include "dbaccess/Trace.h"
 
 using petrodb::db::CellKind;
+using petrodb::db::FieldCell;
 using petrodb::db::Connection;
 using petrodb::db::Cursor;
 using petrodb::db::PendingRows;
@@ -59,47 +60,6 @@ bool HasEmptyValueList(const std::string& text) {
     if (k < n && text[k] == ')') return true;
   }
   return false;
-}
-
-// Converting reads: a cell to each kind a record field may hold.
-std::optional<double> CellAsDouble(const Cursor& c, int i, CellKind kind) {
-  switch (kind) {
-    case CellKind::Integer: return static_cast<double>(c.Integer(i));
-    case CellKind::Real: return c.Real(i);
-    case CellKind::Text: {
-      double v;
-      if (petrodb::sql::ParseWholeNumber(c.Text(i), v)) return v;
-      return std::nullopt;
-    }
-    default: return std::nullopt;
-  }
-}
-
-// Integers from reals round to nearest, ties to even, as a variant conversion does.
-std::optional<long long> CellAsInteger(const Cursor& c, int i, CellKind kind) {
-  if (kind == CellKind::Integer) return c.Integer(i);
-  auto d = CellAsDouble(c, i, kind);
-  if (!d || !std::isfinite(*d)) return std::nullopt;
-  const double r = std::nearbyint(*d);
-  if (r < -9.2e18 || r > 9.2e18) return std::nullopt;
-  return static_cast<long long>(r);
-}
-
-// Numbers read as the shortest text that reads back the same.
-bool CellAsText(const Cursor& c, int i, CellKind kind, std::string& out) {
-  switch (kind) {
-    case CellKind::Integer: out = std::to_string(c.Integer(i)); return true;
-    case CellKind::Real: out = petrodb::sql::ShortestText(c.Real(i)); return true;
-    case CellKind::Text: out.assign(c.Text(i)); return true;
-    default: return false;
-  }
-}
-
-template <class T>
-bool NarrowInteger(std::optional<long long> v, T& out) {
-  if (!v || *v < std::numeric_limits<T>::min() || *v > std::numeric_limits<T>::max()) return false;
-  out = static_cast<T>(*v);
-  return true;
 }
 
 class Stopwatch {
@@ -286,6 +246,11 @@ struct CDbManage::Impl {
   bool readStarted = false;
   bool readFailed = false;
   mutable int lastColumn = -1;                    // fields are mostly read in column order
+  // The columns GetFields was last asked for, where they stand in the result,
+  // and the fields it gave.
+  mutable std::vector<const char*> planNames;
+  mutable std::vector<int> plan;
+  mutable std::vector<FieldCell> planCells;
 
   PendingRows pending;
   std::string saveTable;
@@ -297,6 +262,8 @@ struct CDbManage::Impl {
     readStarted = false;
     readFailed = false;
     lastColumn = -1;
+    planNames.clear();
+    plan.clear();
   }
 
   void Failed(const std::string& error) {
@@ -326,14 +293,13 @@ struct CDbManage::Impl {
     return -1;
   }
 
-  // The current row's cell and its kind; -1 when there is no row, no such
-  // column, or the value is NULL.
-  int Field(const char* name, CellKind& kind) const {
-    if (!cursor || !cursor->OnRow()) return -1;
+  // The current row's field of the column (Null when there is no row or no such column).
+  FieldCell Field(const char* name) const {
+    FieldCell cell;
+    if (!cursor || !cursor->OnRow()) return cell;
     const int i = ColumnIndex(name);
-    if (i < 0) return -1;
-    kind = cursor->Kind(i);
-    return kind == CellKind::Null ? -1 : i;
+    if (i >= 0) cursor->Fetch(&i, 1, &cell);
+    return cell;
   }
 
   // The row to set a column of: the one begun last, or a new one.
@@ -457,84 +423,37 @@ bool CDbManage::Read() {
 bool CDbManage::ReadFailed() const { return impl_->readFailed; }
 
 bool CDbManage::GetFieldValue(const char* column, std::string& value) const {
-  CellKind kind;
-  const int i = impl_->Field(column, kind);
-  return i >= 0 && CellAsText(*impl_->cursor, i, kind, value);
+  return CellTo(impl_->Field(column), value);
 }
-
 bool CDbManage::GetFieldValue(const char* column, double& value) const {
-  CellKind kind;
-  const int i = impl_->Field(column, kind);
-  if (i < 0) return false;
-  auto v = CellAsDouble(*impl_->cursor, i, kind);
-  if (!v) return false;
-  value = *v;
-  return true;
+  return CellTo(impl_->Field(column), value);
 }
-
 bool CDbManage::GetFieldValue(const char* column, float& value) const {
-  double d;
-  if (!GetFieldValue(column, d)) return false;
-  value = static_cast<float>(d);
-  return true;
+  return CellTo(impl_->Field(column), value);
 }
-
-bool CDbManage::GetFieldValue(const char* column, long& value) const {
-  CellKind kind;
-  const int i = impl_->Field(column, kind);
-  return i >= 0 && NarrowInteger(CellAsInteger(*impl_->cursor, i, kind), value);
-}
-
-bool CDbManage::GetFieldValue(const char* column, int& value) const {
-  CellKind kind;
-  const int i = impl_->Field(column, kind);
-  return i >= 0 && NarrowInteger(CellAsInteger(*impl_->cursor, i, kind), value);
-}
-
-// A flag reads the first character of the field's text ('1' for the number 1).
-bool CDbManage::GetFieldValue(const char* column, char& value) const {
-  CellKind kind;
-  const int i = impl_->Field(column, kind);
-  if (i < 0) return false;
-  if (kind == CellKind::Text) {  // the usual case, without a copy
-    const std::string_view text = impl_->cursor->Text(i);
-    if (text.empty()) return false;
-    value = text[0];
-    return true;
-  }
-  std::string text;
-  if (!CellAsText(*impl_->cursor, i, kind, text) || text.empty()) return false;
-  value = text[0];
-  return true;
-}
-
+bool CDbManage::GetFieldValue(const char* column, long& value) const { return CellTo(impl_->Field(column), value); }
+bool CDbManage::GetFieldValue(const char* column, int& value) const { return CellTo(impl_->Field(column), value); }
+bool CDbManage::GetFieldValue(const char* column, char& value) const { return CellTo(impl_->Field(column), value); }
 bool CDbManage::GetFieldValue(const char* column, std::vector<double>& values) const {
-  CellKind kind;
-  const int i = impl_->Field(column, kind);
-  if (i < 0 || kind != CellKind::Blob) return false;
-  const auto bytes = impl_->cursor->Blob(i);
-  const std::size_t count = bytes.size() / sizeof(double);
-  if (reinterpret_cast<std::uintptr_t>(bytes.data()) % alignof(double) == 0) {
-    const auto* first = reinterpret_cast<const double*>(bytes.data());
-    values.assign(first, first + count);  // one pass, no zero fill first
-  } else {
-    values.resize(count);
-    if (count) std::memcpy(values.data(), bytes.data(), count * sizeof(double));
-  }
-  if constexpr (std::endian::native == std::endian::big) {
-    for (double& d : values) {
-      auto* b = reinterpret_cast<unsigned char*>(&d);
-      std::reverse(b, b + sizeof(double));
-    }
-  }
-  return true;
+  return CellTo(impl_->Field(column), values);
+}
+bool CDbManage::GetFieldValue(const char* column, Variant& value) const {
+  return CellTo(impl_->Field(column), value);
 }
 
-bool CDbManage::GetFieldValue(const char* column, Variant& value) const {
-  std::vector<double> values;
-  if (!GetFieldValue(column, values)) return false;
-  value = Variant(std::move(values));
-  return true;
+// The columns are looked up on the first row of a result (in the order given,
+// as reading them one by one would) and kept while the same names are asked for.
+const FieldCell* CDbManage::GetFields(const char* const* columns, std::size_t count) const {
+  Impl& m = *impl_;
+  if (!m.cursor || !m.cursor->OnRow()) return nullptr;
+  if (m.planNames.size() != count || !std::equal(columns, columns + count, m.planNames.begin())) {
+    m.planNames.assign(columns, columns + count);
+    m.plan.resize(count);
+    for (std::size_t k = 0; k < count; ++k) m.plan[k] = m.ColumnIndex(columns[k]);
+    m.planCells.resize(count);
+  }
+  m.cursor->Fetch(m.plan.data(), count, m.planCells.data());
+  return m.planCells.data();
 }
 
 bool CDbManage::BeginSaveData(const char* table) {
@@ -547,6 +466,12 @@ bool CDbManage::BeginSaveData(const char* table) {
 }
 
 void CDbManage::AddNew() { impl_->StartRow(); }
+
+PendingRows& CDbManage::AddNewWith(const char* const* columns, std::size_t count) {
+  impl_->pending.StartRowWith(impl_->saveTable, columns, count);
+  impl_->rowOpen = true;
+  return impl_->pending;
+}
 
 void CDbManage::SetFieldValue(const char* column, const char* value) {
   if (!value)

@@ -49,6 +49,7 @@
 // Errors: every failure leaves the engine's reason, naming the file or server,
 // in petrodb::LastError() (per thread; cleared when a group begins) and in the
 // failed statement's trace event.
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <vector>
@@ -64,6 +65,8 @@ enum GetDataResult {
 
 namespace petrodb::db {
 struct Group;
+struct FieldCell;
+class PendingRows;
 }
 
 class CDbManage {
@@ -104,10 +107,19 @@ class CDbManage {
   bool GetFieldValue(const char* column, Variant& value) const;
   // A double-array field straight into `value` (no Variant between).
   bool GetFieldValue(const char* column, std::vector<double>& value) const;
+  // The current row's fields of `columns`, all at once, for reading whole
+  // records: the names are looked up once per result, not once per row. Null
+  // when no row is current; the fields stay valid until the cursor moves or
+  // the next call.
+  const petrodb::db::FieldCell* GetFields(const char* const* columns, std::size_t count) const;
 
   // Prepares to append rows to `table`; false when the table does not exist.
   bool BeginSaveData(const char* table);
   void AddNew();
+  // For column tables: begins a row (as AddNew) with `columns` set to NULL, and
+  // gives the batch holding it, whose OpenCell(k) is then the k-th column's
+  // value. The names must be distinct and stay as they are while the session lives.
+  petrodb::db::PendingRows& AddNewWith(const char* const* columns, std::size_t count);
   void SetFieldValue(const char* column, const char* value);
   void SetFieldValue(const char* column, const std::string& value);
   void SetFieldValue(const char* column, double value);

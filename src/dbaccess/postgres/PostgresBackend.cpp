@@ -46,7 +46,9 @@ constexpr int kFirstSlice = 64;
 constexpr int kNextSlice = 2048;
 // Batches at least this long go through COPY; shorter ones through a prepared insert.
 constexpr std::size_t kCopyThreshold = 16;
-constexpr std::size_t kCopyChunk = 1 << 20;
+// COPY data goes out in pieces this large: small enough to stay in the cache
+// and to let the server read the first rows while the next are formatted.
+constexpr std::size_t kCopyChunk = 64 << 10;
 
 // Time limits, in seconds: connecting ("Timeout=" overrides), and one statement
 // ("Command Timeout=" overrides). The server cancels a statement that runs
@@ -241,6 +243,9 @@ class PgCursor final : public Cursor {
   std::string_view Text(int i) const override;
   std::span<const std::byte> Blob(int i) const override;
   std::string Error() const override { return error_; }
+  void Fetch(const int* columns, std::size_t count, FieldCell* out) const override {
+    FetchCells(*this, columns, count, out);
+  }
 
  private:
   void Adopt(ResultHandle result);

@@ -175,6 +175,42 @@ class SqliteCursor final : public Cursor {
     const int size = sqlite3_column_bytes(stmt_, i);
     return {static_cast<const std::byte*>(data), static_cast<std::size_t>(data ? size : 0)};
   }
+  // The same values as the calls above, each field looked up once.
+  void Fetch(const int* columns, std::size_t count, FieldCell* out) const override {
+    for (std::size_t k = 0; k < count; ++k) {
+      FieldCell& cell = out[k];
+      if (columns[k] < 0) {
+        cell.kind = CellKind::Null;
+        continue;
+      }
+      sqlite3_value* v = sqlite3_column_value(stmt_, columns[k]);
+      switch (sqlite3_value_type(v)) {
+        case SQLITE_INTEGER:
+          cell.kind = CellKind::Integer;
+          cell.integer = sqlite3_value_int64(v);
+          break;
+        case SQLITE_FLOAT:
+          cell.kind = CellKind::Real;
+          cell.real = sqlite3_value_double(v);
+          break;
+        case SQLITE_TEXT: {
+          const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(v));
+          cell.kind = CellKind::Text;
+          cell.data = text;
+          cell.size = text ? static_cast<std::size_t>(sqlite3_value_bytes(v)) : 0;
+          break;
+        }
+        case SQLITE_BLOB: {
+          const void* data = sqlite3_value_blob(v);
+          cell.kind = CellKind::Blob;
+          cell.data = static_cast<const char*>(data);
+          cell.size = data ? static_cast<std::size_t>(sqlite3_value_bytes(v)) : 0;
+          break;
+        }
+        default: cell.kind = CellKind::Null;
+      }
+    }
+  }
 
  private:
   sqlite3_stmt* stmt_;
