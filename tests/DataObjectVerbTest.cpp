@@ -64,6 +64,22 @@ TEST_F(DataObjectVerbTest, ListsAreClearedUnlessTheyAppend) {
   EXPECT_FALSE(verbs_.LoadAll("select * from no_such_table", kRows, rows, Fill::Clear).ran());
 }
 
+// Columns are looked up once per result: each new result finds them again,
+// wherever it puts them.
+TEST_F(DataObjectVerbTest, EachResultFindsTheTablesColumnsAgain) {
+  Insert("('P', 'A1', 'alpha', 12.5, 4)");
+  CDbManage db(connection_.c_str());
+  for (const char* columns : {"WellID, WellName, Kb, WellSymbol", "WellSymbol, Kb, WellName, WellID",
+                              "WellSymbol, WellName, WellID"}) {
+    SCOPED_TRACE(columns);
+    ASSERT_EQ(db.GetDataFromDB((std::string("select ") + columns + " from w_well_data").c_str()), kRowsFound);
+    Row r;
+    ASSERT_TRUE(kRows.Read(db, r));
+    const bool kb = std::string(columns).find("Kb") != std::string::npos;
+    EXPECT_EQ(std::tie(r.WellID, r.WellName, r.Kb, r.WellSymbol), std::make_tuple("A1", "alpha", kb ? 12.5 : -99999.0, 4));
+  }
+}
+
 TEST_F(DataObjectVerbTest, ARequiredColumnStopsTheReadAndAFallbackDoesNot) {
   // W1's Kb falls back; W2 lacks the required WellSymbol.
   Insert("('P', 'W1', 'one', NULL, 7), ('P', 'W2', 'two', 20, NULL), ('P', 'W3', 'three', 30, 3)");
