@@ -12,9 +12,11 @@
 #include <fstream>
 #include <map>
 #include <mutex>
+#include <optional>
 #include <sstream>
 #include <unordered_map>
 #include <unordered_set>
+#include <vector>
 
 #include "dbaccess/JetBridge.h"
 #include "dbaccess/Pool.h"
@@ -249,7 +251,7 @@ class PgCursor final : public Cursor {
 
  private:
   void Adopt(ResultHandle result);
-  void End();
+  void End(bool early = false);
   const char* Value(int i) const { return PQgetvalue(result_.get(), row_, i); }
   int Length(int i) const { return PQgetlength(result_.get(), row_, i); }
 
@@ -277,6 +279,7 @@ class PgConnection final : public Connection {
   std::string Where() const override { return params_.Where(); }
 
   bool Healthy() override {
+    Settle();
     if (!conn_ || PQstatus(conn_.get()) != CONNECTION_OK) return false;
     if (txn_ != Txn::None || PQtransactionStatus(conn_.get()) != PQTRANS_IDLE) {
       // A transaction left open is rolled back, not reused.
@@ -339,6 +342,14 @@ class PgConnection final : public Connection {
   bool Insert(const PendingRows& rows, std::vector<std::string>& ran, std::string& error) override {
     if (!Live(error)) return false;
     const bool own = !InTransaction();
+    // One run of COPY in a transaction of its own: the begin goes with the COPY,
+    // the commit follows its rows.
+    if (own && !rows.empty() && rows.RunEnd(0) == rows.size() && UseCopy(rows, 0, rows.size())) {
+      if (Copy(rows, 0, rows.size(), ran, error, true)) return true;
+      std::string ignored;
+      if (conn_ && PQtransactionStatus(conn_.get()) != PQTRANS_IDLE) Run("rollback", ignored);
+      return false;
+    }
     if (own && !Run("begin", error)) return false;
     if (!own && (pendingBegin_ || lockPending_)) {
       if (!Run(std::string(pendingBegin_ ? "begin; " : "") + kWriterLock, error)) {
@@ -419,6 +430,7 @@ class PgConnection final : public Connection {
   }
 
   bool Commit(std::string& error) override {
+    Settle();
     if (!InTransaction()) {
       error = "the transaction was ended by an earlier error (" + Where() + ")";
       Rollback();
@@ -439,6 +451,7 @@ class PgConnection final : public Connection {
   }
 
   void Rollback() override {
+    Settle();
     if (txn_ == Txn::None) return;
     if (!pendingBegin_ && conn_ && PQstatus(conn_.get()) == CONNECTION_OK &&
         PQtransactionStatus(conn_.get()) != PQTRANS_IDLE) {
@@ -450,6 +463,7 @@ class PgConnection final : public Connection {
 
   bool InTransaction() const override {
     if (txn_ != Txn::Operation) return false;
+    const_cast<PgConnection*>(this)->Settle();
     if (pendingBegin_) return true;  // nothing written yet: any connection will do
     return conn_ && PQstatus(conn_.get()) == CONNECTION_OK && PQtransactionStatus(conn_.get()) == PQTRANS_INTRANS;
   }
@@ -458,19 +472,53 @@ class PgConnection final : public Connection {
   bool ProbeOpen(const std::string& name, long generation) const {
     return generation == generation_ && std::find(probes_.begin(), probes_.end(), name) != probes_.end();
   }
+  static std::string FetchText(const std::string& name) {
+    return "fetch " + std::to_string(kNextSlice) + " from " + name;
+  }
   ResultHandle FetchSlice(const std::string& name, std::string& error) {
-    ResultHandle r = Statement("fetch " + std::to_string(kNextSlice) + " from " + name, 1, false, error);
+    ResultHandle r = Statement(FetchText(name), 1, false, error);
     if (r && Failed(r.get())) error = Explain(r.get());
     return r;
   }
+  // Asks for a cursor's next slice while its reader works through the current
+  // one (when nothing else is on its way back).
+  void FetchAhead(const std::string& name, long generation) {
+    if (inFlight_ || !ProbeOpen(name, generation) || !conn_ || PQstatus(conn_.get()) != CONNECTION_OK) return;
+    InFlight f{name, {}};
+    std::string ignored;
+    if (Send(FetchText(name), 1, false, f.sent, ignored)) inFlight_ = std::move(f);
+  }
+  // The slice asked for ahead of a cursor's reader, if there is one (a failed
+  // one as null or a failed result, with its error).
+  bool TakeFetched(const std::string& name, ResultHandle& slice, std::string& error) {
+    if (inFlight_ && inFlight_->probe == name) Settle();
+    for (auto it = fetched_.begin(); it != fetched_.end(); ++it)
+      if (it->probe == name) {
+        slice = std::move(it->result);
+        error = std::move(it->error);
+        fetched_.erase(it);
+        return true;
+      }
+    return false;
+  }
+  void ForgetFetched(const std::string& name) {
+    std::erase_if(fetched_, [&](const Fetched& f) { return f.probe == name; });
+  }
   // Closes a server cursor; the transaction opened for it ends with the last one.
-  void EndProbe(const std::string& name) {
+  // With `early`, the reader still has the cursor's last rows to go through: the
+  // transaction's end is collected before the next statement, not waited for.
+  void EndProbe(const std::string& name, bool early = false) {
+    Settle();
     const auto it = std::find(probes_.begin(), probes_.end(), name);
     if (it == probes_.end()) return;
     probes_.erase(it);
     std::string ignored;
     if (txn_ == Txn::Probe && probes_.empty()) {  // the commit closes the cursor
-      Run(PQtransactionStatus(conn_.get()) == PQTRANS_INTRANS ? "commit" : "rollback", ignored);
+      const char* end = PQtransactionStatus(conn_.get()) == PQTRANS_INTRANS ? "commit" : "rollback";
+      if (early && conn_ && PQsendQuery(conn_.get(), end))
+        inFlight_ = InFlight{};
+      else
+        Run(end, ignored);
       EndTransaction();
     } else if (PQtransactionStatus(conn_.get()) == PQTRANS_INTRANS) {
       Statement("close " + name, 0, false, ignored);
@@ -596,6 +644,7 @@ class PgConnection final : public Connection {
 
   // The session's own statements (begin, commit, savepoints): the simple protocol.
   bool Run(const std::string& text, std::string& error) {
+    Settle();
     if (!conn_) {
       error = "no connection";
       return false;
@@ -617,6 +666,7 @@ class PgConnection final : public Connection {
   // written nothing yet stays pending for the next connection.
   void Drop() {
     const bool resume = txn_ == Txn::Operation && pendingBegin_;
+    inFlight_.reset();
     conn_.reset();
     quietAt_ = {};
     prepared_.clear();
@@ -636,46 +686,74 @@ class PgConnection final : public Connection {
   // - A statement that fails in an operation's transaction that holds nothing
   //   yet rolls that back and begins again at the next write: nothing is lost.
   ResultHandle Statement(const std::string& text, int format, bool writes, std::string& error) {
+    Settle();
+    Sent sent;
+    if (!Send(text, format, writes, sent, error)) return nullptr;
+    return Finish(sent, error);
+  }
+
+  // How a statement went out, for collecting its result later.
+  struct Sent {
+    bool pipeline = false, beginFirst = false, guard = false, writes = false;
+    std::size_t commands = 0, mineAt = 0;
+    std::string broken;  // the pipeline could not be sent
+  };
+
+  // Sends a statement of the module (see Statement); false when nothing went out.
+  bool Send(const std::string& text, int format, bool writes, Sent& s, std::string& error) {
     if (!conn_) {
       error = "no connection";
-      return nullptr;
+      return false;
     }
     PGconn* c = conn_.get();
     const bool operation = txn_ == Txn::Operation;
-    const bool beginFirst = operation && (pendingBegin_ || lockPending_) && writes;
+    s.writes = writes;
+    s.beginFirst = operation && (pendingBegin_ || lockPending_) && writes;
     const bool unsaved = operation && clean_ && probes_.empty();
-    const bool guard = PQtransactionStatus(c) == PQTRANS_INTRANS && !unsaved;
-    if (!beginFirst && !guard) {
+    s.guard = PQtransactionStatus(c) == PQTRANS_INTRANS && !unsaved;
+    if (!s.beginFirst && !s.guard) {
       if (!PQsendQueryParams(c, text.c_str(), 0, nullptr, nullptr, nullptr, nullptr, format)) {
         error = Explain(nullptr);
-        return nullptr;
+        return false;
       }
-      ResultHandle r = Collect(error);
-      AfterStatement(r.get(), writes);
-      return r;
+      return true;
     }
     if (!PQenterPipelineMode(c)) {
       error = Explain(nullptr);
-      return nullptr;
+      return false;
     }
+    s.pipeline = true;
     std::vector<std::pair<std::string, int>> commands;  // text, result format
-    if (beginFirst) {
+    if (s.beginFirst) {
       if (pendingBegin_) commands.emplace_back("begin", 0);
       commands.emplace_back(kWriterLock, 0);
     }
-    if (guard) commands.emplace_back("savepoint petrodb_statement", 0);
-    const std::size_t mineAt = commands.size();
+    if (s.guard) commands.emplace_back("savepoint petrodb_statement", 0);
+    s.mineAt = commands.size();
     commands.emplace_back(text, format);
-    if (guard) commands.emplace_back("release savepoint petrodb_statement", 0);
+    if (s.guard) commands.emplace_back("release savepoint petrodb_statement", 0);
+    s.commands = commands.size();
     bool sent = true;
     for (const auto& [command, resultFormat] : commands)
       sent = sent && PQsendQueryParams(c, command.c_str(), 0, nullptr, nullptr, nullptr, nullptr, resultFormat);
     sent = sent && PQpipelineSync(c);
-    std::string broken = sent ? "" : EngineText(c);
+    if (!sent) s.broken = EngineText(c);
+    return true;
+  }
+
+  // The result of a statement sent.
+  ResultHandle Finish(const Sent& s, std::string& error) {
+    if (!s.pipeline) {
+      ResultHandle r = Collect(error);
+      AfterStatement(r.get(), s.writes);
+      return r;
+    }
+    PGconn* c = conn_.get();
+    std::string broken = s.broken;
     std::vector<ResultHandle> results;
     const Clock::time_point deadline = Deadline();
     // Each command's results end with a null result; the sync has no null after it.
-    for (std::size_t command = 0; command <= commands.size() && broken.empty(); ++command)
+    for (std::size_t command = 0; command <= s.commands && broken.empty(); ++command)
       results.push_back(CollectOn(c, deadline, broken));
     if (!broken.empty()) {
       error = "the server stopped answering: " + Where() + " (" + broken + ")";
@@ -683,22 +761,46 @@ class PgConnection final : public Connection {
       return nullptr;
     }
     PQexitPipelineMode(c);
-    if (beginFirst) pendingBegin_ = lockPending_ = false;
-    ResultHandle mine = std::move(results[mineAt]);
+    if (s.beginFirst) pendingBegin_ = lockPending_ = false;
+    ResultHandle mine = std::move(results[s.mineAt]);
     // The begin or the lock failed (a lock wait past its time): the statement did not run.
-    for (std::size_t k = 0; k < mineAt && beginFirst; ++k)
+    for (std::size_t k = 0; k < s.mineAt && s.beginFirst; ++k)
       if (!results[k] || Failed(results[k].get())) {
         mine = std::move(results[k]);
         break;
       }
-    if (guard && (!mine || Failed(mine.get()))) {
+    if (s.guard && (!mine || Failed(mine.get()))) {
       std::string ignored;
       Run("rollback to savepoint petrodb_statement; release savepoint petrodb_statement", ignored);
     } else {
-      AfterStatement(mine.get(), writes);
+      AfterStatement(mine.get(), s.writes);
     }
     if (!mine) error = "the server gave no result";
     return mine;
+  }
+
+  // What is still on its way back from the server: the next slice of a server
+  // cursor asked for ahead of its reader, or the end of a cursor's transaction.
+  // It is collected before anything else goes out on the connection.
+  struct InFlight {
+    std::string probe;  // "" for the end of a transaction
+    Sent sent;
+  };
+  struct Fetched {
+    std::string probe;
+    ResultHandle result;
+    std::string error;
+  };
+
+  void Settle() {
+    if (!inFlight_) return;
+    InFlight f = std::move(*inFlight_);
+    inFlight_.reset();
+    std::string error;
+    ResultHandle r = Finish(f.sent, error);
+    if (f.probe.empty()) return;  // a transaction's end: its outcome matters to no one
+    if (r && Failed(r.get())) error = Explain(r.get());
+    fetched_.push_back(Fetched{std::move(f.probe), std::move(r), std::move(error)});
   }
 
   // Keeps track of what the operation's transaction holds.
@@ -731,6 +833,7 @@ class PgConnection final : public Connection {
   // An operation whose transaction already holds writes cannot move to another
   // connection: it fails; one that has written nothing yet goes on there.
   bool Live(std::string& error) {
+    Settle();
     const bool ok = conn_ && PQstatus(conn_.get()) == CONNECTION_OK;
     if (ok && PQtransactionStatus(conn_.get()) != PQTRANS_IDLE) return true;
     if (ok && Quiet()) return true;
@@ -757,6 +860,7 @@ class PgConnection final : public Connection {
     if (!fresh) return false;
     CountConnectionOpened();
     const bool resume = txn_ == Txn::Operation && pendingBegin_;
+    inFlight_.reset();
     conn_ = std::move(fresh);
     quietAt_ = {};
     prepared_.clear();
@@ -901,15 +1005,16 @@ class PgConnection final : public Connection {
   }
 
   // A long run of rows with the same columns through COPY, in text format.
+  // `around` wraps the COPY in its own transaction, in the same round trips.
   bool Copy(const PendingRows& rows, std::size_t from, std::size_t to, std::vector<std::string>& ran,
-            std::string& error) {
+            std::string& error, bool around = false) {
     const RowShape& shape = rows.Shape(from);
     std::string text = "copy " + shape.table + " (";
     for (std::size_t k = 0; k < shape.columns.size(); ++k) text += (k ? ", " : "") + pg::ColumnIdentifier(shape.columns[k]);
     text += ") from stdin";
     ran.push_back(text);
     ResultHandle start;
-    if (PQsendQuery(conn_.get(), text.c_str())) start = Collect(error);
+    if (PQsendQuery(conn_.get(), (around ? "begin; " + text + "; commit" : text).c_str())) start = Collect(error);
     if (!start || PQresultStatus(start.get()) != PGRES_COPY_IN) {
       if (start) error = Explain(start.get());
       return false;
@@ -971,7 +1076,9 @@ class PgConnection final : public Connection {
   std::unordered_map<std::string, std::string> prepared_;
   long preparedCounter_ = 0;
   std::unordered_set<std::string> arrayTexts_;
-  Clock::time_point quietAt_{};  // when the socket was last seen quiet  // statements whose results hold arrays
+  Clock::time_point quietAt_{};  // when the socket was last seen quiet
+  std::optional<InFlight> inFlight_;
+  std::vector<Fetched> fetched_;  // slices asked for ahead, collected before their reader came to them
 };
 
 PgCursor::PgCursor(PgConnection* owner, ResultHandle result, std::string probe, long generation)
@@ -982,8 +1089,11 @@ PgCursor::PgCursor(PgConnection* owner, ResultHandle result, std::string probe, 
 // A read abandoned early closes its server cursor.
 PgCursor::~PgCursor() { End(); }
 
-void PgCursor::End() {
-  if (!probe_.empty() && owner_->ProbeOpen(probe_, generation_)) owner_->EndProbe(probe_);
+void PgCursor::End(bool early) {
+  if (!probe_.empty()) {
+    if (owner_->ProbeOpen(probe_, generation_)) owner_->EndProbe(probe_, early);
+    owner_->ForgetFetched(probe_);
+  }
   probe_.clear();
 }
 
@@ -999,24 +1109,33 @@ void PgCursor::Adopt(ResultHandle result) {
     if (types_[i] == owner_->CitextOid()) types_[i] = pg::kText;
   }
   scratch_.assign(n, std::string());
-  // The last slice of a server cursor closes it at once.
-  if (rows_ == 0) End();
+  // The last slice of a server cursor closes it at once (the rows are here).
+  if (rows_ < slice_) End(true);
 }
 
 bool PgCursor::Next() {
   if (row_ >= rows_) return false;
-  if (++row_ < rows_) return true;
+  if (++row_ < rows_) {
+    // A reader that goes on past the first rows will want the next slice.
+    if (row_ == kFirstSlice / 4 && slice_ == kFirstSlice && rows_ == kFirstSlice && !probe_.empty())
+      owner_->FetchAhead(probe_, generation_);
+    return true;
+  }
   if (probe_.empty() || rows_ < slice_) {
     End();
     return false;
   }
-  if (!owner_->ProbeOpen(probe_, generation_)) {
+  std::string error;
+  ResultHandle slice;
+  const bool ahead = owner_->TakeFetched(probe_, slice, error);
+  const bool failedAhead = ahead && (!slice || PQresultStatus(slice.get()) != PGRES_TUPLES_OK);
+  if (!failedAhead && !owner_->ProbeOpen(probe_, generation_)) {
     error_ = "the rows of a whole-table read were cut short: its transaction ended";
+    owner_->ForgetFetched(probe_);
     probe_.clear();
     return false;
   }
-  std::string error;
-  ResultHandle slice = owner_->FetchSlice(probe_, error);
+  if (!ahead) slice = owner_->FetchSlice(probe_, error);
   if (!slice || PQresultStatus(slice.get()) != PGRES_TUPLES_OK) {
     error_ = error.empty() ? "the next rows could not be fetched" : error;
     End();
@@ -1025,6 +1144,8 @@ bool PgCursor::Next() {
   }
   slice_ = kNextSlice;
   Adopt(std::move(slice));
+  // The server reads the next slice while this one is gone through.
+  if (!probe_.empty() && rows_ == slice_) owner_->FetchAhead(probe_, generation_);
   return row_ < rows_;
 }
 
