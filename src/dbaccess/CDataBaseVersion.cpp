@@ -23,15 +23,9 @@ class CDataBaseVersion final : public CDataObject<IDataBaseVersion> {
     return LoadAll(kSelectAll(), kVersionColumns, list, Fill::Clear).found();
   }
 
+  // The update's own result is not looked at: only the probe decides the answer.
   bool SetImageType(const VersionRecord& record) override {
-    // Only the probe decides the answer: the update's own result is not looked at.
-    CDbManage db(connectionString.c_str());
-    if (TableMissing(db, "Version")) {
-      kUpdateFirst.Show();
-      return false;
-    }
-    db.ExecuteSQL(kSetImageType(record.ImageType).c_str());
-    return true;
+    return ExecuteIfTable("Version", kSetImageType(record.ImageType), kUpdateFirst);
   }
   PETRODB_DATA_CLASS
 };

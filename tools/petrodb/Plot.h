@@ -55,5 +55,7 @@ MapFrame FitFrame(Extent extent, double left, double top, double size);
 // data-xmax, data-ymin, data-ymax), coordinates along its sides, a scale bar
 // under it and, when asked, a north arrow beside its upper right corner.
 void DrawFrame(svg::Document& doc, const MapFrame& frame, bool northArrow);
+// Writes the picture to `path`: kOk, or kFailed with the reason printed.
+int WritePicture(const svg::Document& doc, const std::string& path);
 
 }  // namespace petrodb::cli

@@ -387,12 +387,7 @@ int DrawLogPlot(IDataFactory& factory, const LogPlotRequest& request) {
   }
   doc.Close();
 
-  std::string error;
-  if (!doc.Write(request.out, error)) {
-    PrintError(error);
-    return kFailed;
-  }
-  return kOk;
+  return WritePicture(doc, request.out);
 }
 
 }  // namespace petrodb::cli

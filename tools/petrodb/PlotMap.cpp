@@ -19,6 +19,13 @@ namespace petrodb::cli {
 using svg::Num;
 using svg::Point;
 
+int WritePicture(const svg::Document& doc, const std::string& path) {
+  std::string error;
+  if (doc.Write(path, error)) return kOk;
+  PrintError(error);
+  return kFailed;
+}
+
 MapFrame FitFrame(Extent e, double left, double top, double size) {
   if (e.Empty()) e.Add(0, 0), e.Add(1000, 1000);
   // A margin around what is drawn, and at least a kilometre of it.
@@ -335,12 +342,7 @@ int DrawMapPlot(IDataFactory& factory, const std::string& file, const std::strin
   doc.Close();
   if (extent.Empty()) doc.Text(f.left + 10, f.top + 20, "the project has nothing with coordinates to draw", "note");
 
-  std::string error;
-  if (!doc.Write(out, error)) {
-    PrintError(error);
-    return kFailed;
-  }
-  return kOk;
+  return WritePicture(doc, out);
 }
 
 }  // namespace petrodb::cli

@@ -258,12 +258,7 @@ int DrawNetworkPlot(IDataFactory& factory, const std::string& file, const std::s
   doc.Close();
   if (nodes.empty()) doc.Text(f.left + 10, f.top + 20, "the network has no nodes", "note");
 
-  std::string error;
-  if (!doc.Write(out, error)) {
-    PrintError(error);
-    return kFailed;
-  }
-  return kOk;
+  return WritePicture(doc, out);
 }
 
 }  // namespace petrodb::cli

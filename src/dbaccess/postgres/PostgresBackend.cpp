@@ -1222,25 +1222,11 @@ std::int64_t PgCursor::Integer(int i) const {
 }
 
 double PgCursor::Real(int i) const {
-  if (!binary_) {
-    switch (types_[i]) {
-      case pg::kFloat4:  // the shortest text that reads back the same float
-        return static_cast<float>(TextReal(std::string_view(Value(i), Length(i))));
-      case pg::kFloat8: return TextReal(std::string_view(Value(i), Length(i)));
-      case pg::kBool:
-      case pg::kInt2:
-      case pg::kInt4:
-      case pg::kOid:
-      case pg::kInt8: return static_cast<double>(Integer(i));
-      case pg::kBytea: return 0;
-      default: break;
-    }
-    double d = 0;
-    return sql::ParseWholeNumber(Text(i), d) ? d : 0;
-  }
   switch (types_[i]) {
-    case pg::kFloat4: return pg::ReadFloat4(Value(i));
-    case pg::kFloat8: return pg::ReadFloat8(Value(i));
+    case pg::kFloat4:  // as text: the shortest text that reads back the same float
+      return binary_ ? pg::ReadFloat4(Value(i))
+                     : static_cast<float>(TextReal(std::string_view(Value(i), Length(i))));
+    case pg::kFloat8: return binary_ ? pg::ReadFloat8(Value(i)) : TextReal(std::string_view(Value(i), Length(i)));
     case pg::kBool:
     case pg::kInt2:
     case pg::kInt4:
