@@ -120,11 +120,14 @@ class CDataObject : public Interface {
 
   // ---- reading ----
 
-  // True when the statement finds a row.
-  bool Exists(const Statement& statement) const {
+  // What the statement answers: kRowsFound, kNoRows or kFailed.
+  GetDataResult Answer(const Statement& statement) const {
     CDbManage db(connectionString.c_str());
-    return db.GetDataFromDB(statement.c_str()) == kRowsFound;
+    return db.GetDataFromDB(statement.c_str());
   }
+
+  // True when the statement finds a row.
+  bool Exists(const Statement& statement) const { return Answer(statement) == kRowsFound; }
 
   // True when `table` answers its probe and the statement finds a row.
   bool ExistsInTable(const char* table, const Statement& statement) const {

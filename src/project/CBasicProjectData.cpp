@@ -111,13 +111,11 @@ class CBasicProjectData final : public ProjectDataObject<IBasicProjectData> {
     // The select's three answers decide: a row is deleted first, no row goes
     // straight to the insert, a failure gives up; the save's own result is not
     // looked at.
-    CDbManage db(connectionString.c_str());
-    const int found = db.GetDataFromDB(kFindRecent(name).c_str());
+    const GetDataResult found = Answer(kFindRecent(name));
     if (found == kFailed) return false;
-    if (found == kRowsFound) db.ExecuteSQL(kDeleteRecent(name).c_str());
-    db.BeginSaveData(kRecentColumns.table());
-    kRecentColumns.AddRow(db, RecentRow{Text(name), DateTime::Now()});
-    db.SaveData();
+    if (found == kRowsFound) Execute(kDeleteRecent(name));
+    Append(kRecentColumns.table(),
+           [&](CDbManage& db) { kRecentColumns.AddRow(db, RecentRow{Text(name), DateTime::Now()}); });
     return true;
   }
 
