@@ -9,9 +9,9 @@
 
 namespace {
 
-// A run's name without the "/iterations:N" and "/repeats:N" that fixed counts add.
+// A run's name without the "/iterations:N", "/min_time:T" and "/repeats:N" that fixed counts add.
 std::string CaseName(std::string name) {
-  for (const char* suffix : {"/iterations:", "/repeats:"}) {
+  for (const char* suffix : {"/iterations:", "/min_time:", "/repeats:"}) {
     const auto at = name.find(suffix);
     if (at == std::string::npos) continue;
     const auto end = name.find('/', at + 1);

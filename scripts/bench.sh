@@ -21,7 +21,10 @@ fi
 cmake --build "$build" -j2 --target petrodb_bench >/dev/null
 
 bench="$build/bin/petrodb_bench"
-args=(--benchmark_repetitions="$repetitions" --benchmark_report_aggregates_only=true "$@")
+# Repetitions of the petrodb and raw cases run in a random order, so that a
+# slow stretch of a noisy machine does not fall on one side of a pair.
+args=(--benchmark_repetitions="$repetitions" --benchmark_enable_random_interleaving=true
+      --benchmark_report_aggregates_only=true "$@")
 log=$(mktemp /tmp/petrodb-bench.XXXXXX)
 trap 'rm -f "$log"' EXIT
 

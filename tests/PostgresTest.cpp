@@ -2,6 +2,7 @@
 // catalogue statements, connection recovery, batches through COPY, server
 // cursors for whole-table reads, and the Access texts a server refuses.
 #include <algorithm>
+#include <charconv>
 #include <chrono>
 #include <cmath>
 #include <cstdlib>
@@ -126,15 +127,59 @@ TEST_F(PostgresTest, LongBatchesRoundTripEveryKindOfValue) {
 }
 
 TEST_F(PostgresTest, AFailingLongBatchWritesNothing) {
-  EXPECT_FALSE(SaveRows(100, [](CDbManage& db, int i) {
-    db.SetFieldValue("k", "x");
-    if (i == 70) db.SetFieldValue("n", "not a number");
-    else db.SetFieldValue("n", 1.0);
-  }));
-  EXPECT_EQ(Query("select count(*) from t_pg"), std::vector<std::string>{"0"});
+  // The second batch is long enough to be sent ahead of its save.
+  for (const int count : {100, 5000}) {
+    EXPECT_FALSE(SaveRows(count, [&](CDbManage& db, int i) {
+      db.SetFieldValue("k", "x");
+      if (i == count - 30) db.SetFieldValue("n", "not a number");
+      else db.SetFieldValue("n", 1.0);
+    }));
+    EXPECT_EQ(Query("select count(*) from t_pg"), std::vector<std::string>{"0"}) << count;
+  }
   // The connection goes on working after the failed batch.
   EXPECT_TRUE(SaveRows(20, [](CDbManage& db, int i) { db.SetFieldValue("k", "y"); }));
   EXPECT_EQ(Query("select count(*) from t_pg"), std::vector<std::string>{"20"});
+}
+
+// A long batch goes to the server while it is built; only SaveData stores it,
+// whatever comes between: another statement, a change of columns, a cancel.
+TEST_F(PostgresTest, ABatchSentAheadIsStoredBySaveDataAlone) {
+  const auto fill = [](CDbManage& db, int i, bool withNumber) {
+    db.AddNew();
+    db.SetFieldValue("k", "row " + std::to_string(i) + std::string(60, '.'));  // long enough to be sent in pieces
+    if (withNumber) db.SetFieldValue("n", i * 0.25);
+    db.SetFieldValue("i", i);
+  };
+  {
+    CDbManage db(connection_.c_str());
+    ASSERT_TRUE(db.BeginSaveData("t_pg"));
+    for (int i = 0; i < 3000; ++i) fill(db, i, true);
+    db.CancelSaveData();
+    ASSERT_TRUE(db.BeginSaveData("t_pg"));
+    for (int i = 0; i < 2500; ++i) fill(db, i, true);
+    {  // A statement on the batch's own connection sees nothing of it yet.
+      CDbManage other(connection_.c_str());
+      ASSERT_EQ(other.GetDataFromDB("select count(*) as c from t_pg"), kRowsFound);
+      int seen = -1;
+      EXPECT_TRUE(other.GetFieldValue("c", seen) && seen == 0) << seen;
+    }
+    for (int i = 2500; i < 5000; ++i) fill(db, i, true);
+    for (int i = 5000; i < 6000; ++i) fill(db, i, false);  // another shape: a second run
+    sql_.clear();
+    ASSERT_TRUE(db.SaveData());
+  }
+  EXPECT_EQ(sql_.texts("SaveData"), (std::vector<std::string>{"insert into t_pg (k, n, i) values (?, ?, ?)",
+                                                               "insert into t_pg (k, i) values (?, ?)"}));
+  for (const auto& [sql, value] : std::vector<std::pair<std::string, std::string>>{
+           {"select count(*) from t_pg", "6000"},
+           {"select sum(i) from t_pg", "17997000"},
+           {"select sum(n) from t_pg", "3124375"},
+           {"select count(n) from t_pg", "5000"},
+           {"select count(distinct k) from t_pg", "6000"}})
+    EXPECT_EQ(Query(sql), std::vector<std::string>{value}) << sql;
+  // The same connection goes on saving, ahead or not.
+  EXPECT_TRUE(SaveRows(3000, [](CDbManage& db, int i) { db.SetFieldValue("k", "again"); }));
+  EXPECT_EQ(Query("select count(*) from t_pg where k = 'again'"), std::vector<std::string>{"3000"});
 }
 
 TEST_F(PostgresTest, ABareTableNameReadsThroughAServerCursor) {
@@ -296,6 +341,27 @@ TEST(PostgresValues, BinaryCellsDecodeAsTheSessionReadsThem) {
   const unsigned char small[] = {0, 1, 0xff, 0xfe, 0x40, 0, 0, 6, 0x03, 0xe8};  // -0.00001000 (weight -2)
   EXPECT_EQ(db::pg::NumericText(reinterpret_cast<const char*>(small), sizeof small), "-0.000010");
   EXPECT_EQ(db::pg::DoubleText(std::numeric_limits<double>::infinity()), "Infinity");
+}
+
+TEST(PostgresValues, NumbersWrittenForCopyReadBackAsTheSameNumber) {
+  auto written = [](double v) {
+    std::string text;
+    db::pg::AppendDouble(text, v);
+    return text;
+  };
+  EXPECT_EQ(written(2000), "2000");
+  EXPECT_EQ(written(-1234.5), "-1234.5");
+  EXPECT_EQ(written(0.05), "0.05");
+  EXPECT_EQ(written(-0.0), "-0");
+  EXPECT_EQ(written(0.0001), "0.0001");
+  std::vector<double> values = {0.1 + 0.2, 1e-5, 1e15, 1e300, -4.9e-324, 123456789.1234, 2.0 / 3, 9007199254740993.0};
+  for (int i = 0; i < 2000; ++i) values.push_back(std::ldexp(std::sin(i) * 1e6, i % 60 - 30) * (i % 7 ? 1 : 1e-3));
+  for (double v : values) {
+    const std::string text = written(v);
+    double back = 0;
+    ASSERT_EQ(std::from_chars(text.data(), text.data() + text.size(), back).ec, std::errc()) << text;
+    EXPECT_EQ(back, v) << text;
+  }
 }
 #endif
 

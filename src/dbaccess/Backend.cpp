@@ -1,6 +1,7 @@
 #include "dbaccess/Backend.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstdlib>
 #include <cstring>
 #include <cstdint>
@@ -157,10 +158,12 @@ std::size_t PendingRows::RunEnd(std::size_t row) const {
 std::span<const PendingCell> PendingRows::Cells(std::size_t row) const {
   const Run& run = RunOf(row);
   const std::size_t width = shapes_[run.shape].columns.size();
-  return {cells_.data() + run.firstCell + (row - run.firstRow) * width, width};
+  return {cells_.data() + (run.firstCell - base_) + (row - run.firstRow) * width, width};
 }
 
 void PendingRows::StartRow(const std::string& table) {
+  static std::atomic<std::uint64_t> batches{0};
+  if (rows_ == 0 && !open_) id_ = ++batches;
   Seal();
   open_ = true;
   following_ = !runs_.empty() && shapes_[runs_.back().shape].table == table;
@@ -246,14 +249,25 @@ void PendingRows::Seal() {
     shapes_.push_back(RowShape{openTable_, openColumns_});
     shape = shapes_.size() - 1;
   }
-  if (shape != before) runs_.push_back(Run{rows_, openFirst_, shape});
+  if (shape != before) runs_.push_back(Run{rows_, base_ + openFirst_, shape});
   ++rows_;
+}
+
+void PendingRows::LetGoSealed() {
+  const std::size_t sealed = open_ ? openFirst_ : cells_.size();
+  cells_.erase_front(sealed);
+  openFirst_ -= open_ ? sealed : 0;
+  base_ += sealed;
+  text_.clear();
+  arrays_.clear();
+  letGo_ = rows_;
 }
 
 void PendingRows::clear() {
   shapes_.clear();
   runs_.clear();
   rows_ = 0;
+  letGo_ = base_ = 0;
   cells_.clear();
   text_.clear();
   arrays_.clear();
@@ -267,6 +281,9 @@ void PendingRows::swap(PendingRows& other) noexcept {
   std::swap(shapes_, other.shapes_);
   std::swap(runs_, other.runs_);
   std::swap(rows_, other.rows_);
+  std::swap(id_, other.id_);
+  std::swap(letGo_, other.letGo_);
+  std::swap(base_, other.base_);
   cells_.swap(other.cells_);
   text_.swap(other.text_);
   std::swap(arrays_, other.arrays_);

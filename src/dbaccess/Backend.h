@@ -113,6 +113,11 @@ class PlainArray {
     size_ += count;
   }
   void clear() { size_ = 0; }
+  // Drops the first `count` values; the rest move to the front.
+  void erase_front(std::size_t count) {
+    if (count < size_) std::memmove(data_, data_ + count, (size_ - count) * sizeof(T));
+    size_ = count < size_ ? size_ - count : 0;
+  }
   void swap(PlainArray& other) noexcept {
     std::swap(data_, other.data_);
     std::swap(size_, other.size_);
@@ -165,6 +170,13 @@ class PendingRows {
  public:
   bool empty() const { return size() == 0; }
   std::size_t size() const { return rows_ + (open_ ? 1 : 0); }
+  // The rows before the open one: complete, never changed again.
+  std::size_t Sealed() const { return rows_; }
+  // Tells batches apart: a new one is numbered at its first row.
+  std::uint64_t Id() const { return id_; }
+  // The rows whose values were let go (LetGoSealed): their runs and shapes
+  // stay, their cells cannot be read any more.
+  std::size_t LetGo() const { return letGo_; }
   const RowShape& Shape(std::size_t row) const { return shapes_[RunOf(row).shape]; }
   // One past the last row of the run `row` belongs to.
   std::size_t RunEnd(std::size_t row) const;
@@ -217,6 +229,10 @@ class PendingRows {
   }
   // Completes the row begun last; the batch is then ready to be written.
   void Seal();
+  // Lets go of the values of the sealed rows once an engine holds them, so
+  // that a long batch sent ahead does not keep them all. Only right after a
+  // row was begun: the open row has no value set yet.
+  void LetGoSealed();
   void clear();
   void swap(PendingRows& other) noexcept;
 
@@ -231,6 +247,9 @@ class PendingRows {
   std::vector<RowShape> shapes_;
   std::vector<Run> runs_;
   std::size_t rows_ = 0;  // sealed rows
+  std::uint64_t id_ = 0;
+  std::size_t letGo_ = 0;  // rows whose values were let go
+  std::size_t base_ = 0;   // cells let go: a run's firstCell counts them
   PlainArray<PendingCell> cells_;
   PlainArray<char> text_;
   std::vector<Variant> arrays_;
@@ -279,6 +298,15 @@ class Connection {
   // Runs one statement that returns no rows.
   virtual bool Execute(const std::string& statement, std::string& error) = 0;
   virtual bool TableExists(const std::string& table) = 0;
+  // Offers the sealed rows of a save batch before it is saved, so that an engine
+  // can send them while the rest are built. True when the engine now holds
+  // every sealed row, sent and kept to be sent again if need be: the batch may
+  // then let go of their values (only Insert reads it after that). Nothing
+  // offered is stored unless Insert gets the same batch: any other statement
+  // first undoes what went ahead, to be sent again with the batch's save.
+  virtual bool SendAhead(const PendingRows& rows) { return false; }
+  // The batch offered ahead will not be saved.
+  virtual void TakeBack(const PendingRows& rows) {}
   // Inserts the rows, one prepared statement per run of rows of the same shape.
   // Inside a transaction (Begin) the rows join it; otherwise they are written in
   // a transaction of their own. `ran` receives, per run attempted, the text the

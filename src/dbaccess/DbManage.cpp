@@ -256,6 +256,10 @@ struct CDbManage::Impl {
   std::string saveTable;
   bool saveTableMissing = false;
   bool rowOpen = false;
+  // A long batch is offered to the engine every this many rows as it grows, so
+  // that a server can take its first rows while the next are built.
+  static constexpr std::size_t kOfferEvery = 1024;
+  std::size_t offerAt = kOfferEvery;
 
   void CloseCursor() {
     cursor.reset();
@@ -311,6 +315,13 @@ struct CDbManage::Impl {
   void StartRow() {
     pending.StartRow(saveTable);
     rowOpen = true;
+    OfferAhead();
+  }
+
+  void OfferAhead() {
+    if (pending.Sealed() < offerAt || !conn || saveTableMissing) return;
+    if (conn->SendAhead(pending)) pending.LetGoSealed();
+    offerAt = pending.Sealed() + kOfferEvery;
   }
 
   // A failed save undoes the operation's writes. The owner's save ends its
@@ -326,6 +337,7 @@ struct CDbManage::Impl {
   bool Flush() {
     CloseCursor();
     rowOpen = false;
+    offerAt = kOfferEvery;
     pending.Seal();
     PendingRows rows;
     rows.swap(pending);
@@ -348,6 +360,7 @@ struct CDbManage::Impl {
         if (!ok) Undo(error);
       }
     }
+    if (!inserted && conn) conn->TakeBack(rows);
     if (ok && owner && !group->scoped) ok = group->Commit(error);
     if (watch.Enabled() && !rows.empty()) {
       // One event per run of rows of one shape: the insert the engine ran for it.
@@ -470,6 +483,7 @@ void CDbManage::AddNew() { impl_->StartRow(); }
 PendingRows& CDbManage::AddNewWith(const char* const* columns, std::size_t count) {
   impl_->pending.StartRowWith(impl_->saveTable, columns, count);
   impl_->rowOpen = true;
+  impl_->OfferAhead();
   return impl_->pending;
 }
 
@@ -508,6 +522,8 @@ bool CDbManage::SaveData() {
 }
 
 void CDbManage::CancelSaveData() {
+  if (impl_->conn) impl_->conn->TakeBack(impl_->pending);
+  impl_->offerAt = CDbManage::Impl::kOfferEvery;
   impl_->pending.clear();
   impl_->rowOpen = false;
   impl_->saveTableMissing = false;

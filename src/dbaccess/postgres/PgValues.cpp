@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <limits>
@@ -143,11 +144,48 @@ std::string DoubleText(double value) {
   return std::string(buffer, result.ptr);
 }
 
+namespace {
+
+// A number with at most four decimals (most depths, coordinates and readings)
+// written as a scaled integer: exact, and much cheaper than the shortest form
+// in general. False for any other number.
+bool AppendFewDecimals(std::string& out, double value) {
+  static constexpr double kScale[] = {1, 10, 100, 1000, 10000};
+  for (int decimals = 0; decimals < 5; ++decimals) {
+    const double scaled = value * kScale[decimals];
+    if (!(std::fabs(scaled) < 1e15)) return false;
+    const auto whole = static_cast<std::int64_t>(scaled);
+    // The division is correctly rounded, as reading the text back is: equal
+    // here means the text reads back as this very number.
+    if (static_cast<double>(whole) != scaled || static_cast<double>(whole) / kScale[decimals] != value) continue;
+    char digits[24];
+    const std::uint64_t magnitude = whole < 0 ? 0 - static_cast<std::uint64_t>(whole) : static_cast<std::uint64_t>(whole);
+    const int n = static_cast<int>(std::to_chars(digits, digits + sizeof digits, magnitude).ptr - digits);
+    if (std::signbit(value)) out += '-';
+    if (n <= decimals) {
+      out += "0.";
+      out.append(static_cast<std::size_t>(decimals - n), '0');
+      out.append(digits, static_cast<std::size_t>(n));
+    } else {
+      out.append(digits, static_cast<std::size_t>(n - decimals));
+      if (decimals) {
+        out += '.';
+        out.append(digits + n - decimals, static_cast<std::size_t>(decimals));
+      }
+    }
+    return true;
+  }
+  return false;
+}
+
+}  // namespace
+
 void AppendDouble(std::string& out, double value) {
   if (!std::isfinite(value)) {
     out += DoubleText(value);
     return;
   }
+  if (AppendFewDecimals(out, value)) return;
   char buffer[64];
   out.append(buffer, std::to_chars(buffer, buffer + sizeof buffer, value).ptr);
 }

@@ -53,7 +53,9 @@ bool ByteaFromText(std::string_view text, std::string& bytes);
 
 // A double as text that reads back the same number ("NaN", "Infinity" included).
 std::string DoubleText(double value);
-// Appends DoubleText(value) without a temporary.
+// Appends a double as text that reads back the same number, without a
+// temporary (a number with few decimals in plain form, so not always the
+// text DoubleText gives).
 void AppendDouble(std::string& out, double value);
 // Appends `text` escaped for COPY's text format.
 void AppendCopyText(std::string& out, std::string_view text);

@@ -51,6 +51,8 @@ constexpr std::size_t kCopyThreshold = 16;
 // COPY data goes out in pieces this large: small enough to stay in the cache
 // and to let the server read the first rows while the next are formatted.
 constexpr std::size_t kCopyChunk = 64 << 10;
+// A save batch this long starts going to the server before it is saved.
+constexpr std::size_t kAheadRows = 1024;
 
 // Time limits, in seconds: connecting ("Timeout=" overrides), and one statement
 // ("Command Timeout=" overrides). The server cancels a statement that runs
@@ -280,6 +282,7 @@ class PgConnection final : public Connection {
 
   bool Healthy() override {
     Settle();
+    ahead_.reset();  // its batch went with the sessions that used the connection last
     if (!conn_ || PQstatus(conn_.get()) != CONNECTION_OK) return false;
     if (txn_ != Txn::None || PQtransactionStatus(conn_.get()) != PQTRANS_IDLE) {
       // A transaction left open is rolled back, not reused.
@@ -339,12 +342,52 @@ class PgConnection final : public Connection {
            PQgetvalue(r.get(), 0, 0)[0] == 't';
   }
 
+  // One batch at a time goes ahead; one whose COPY was stopped waits for its save.
+  bool SendAhead(const PendingRows& rows) override {
+    const std::size_t sealed = rows.Sealed();
+    if (ahead_ && ahead_->batch != rows.Id()) return false;
+    if (!ahead_ && !OpenAhead(rows, sealed)) return false;
+    if (!ahead_->open) return false;
+    if (rows.RunEnd(0) < sealed) {  // no longer one COPY: the save sends the rest its own way
+      StopAhead();
+      return false;
+    }
+    return SendRows(*ahead_, rows, sealed);
+  }
+
+  void TakeBack(const PendingRows& rows) override {
+    if (!ahead_ || ahead_->batch != rows.Id()) return;
+    if (ahead_->open) StopAhead();
+    ahead_.reset();
+  }
+
   bool Insert(const PendingRows& rows, std::vector<std::string>& ran, std::string& error) override {
+    std::optional<CopyRows> ahead;
+    if (ahead_ && ahead_->batch == rows.Id()) {
+      // Still under way in the transaction Begin adopted for it: the last rows, and the COPY's end.
+      if (ahead_->open && !ahead_->broken && txn_ == Txn::Operation && rows.RunEnd(0) == rows.size()) {
+        CopyRows c = std::move(*ahead_);
+        ahead_.reset();
+        clean_ = false;
+        ran.push_back(c.statement);
+        SendRows(c, rows, rows.size());
+        if (!EndCopy(c, error) || !Run(kWriterLock, error)) return false;
+        lockPending_ = false;
+        return true;
+      }
+      if (ahead_->open) StopAhead();
+      ahead = std::move(ahead_);
+      ahead_.reset();
+    }
+    if (rows.LetGo() > 0 && !ahead) {
+      error = "the rows of the batch sent ahead are gone";
+      return false;
+    }
     if (!Live(error)) return false;
     const bool own = !InTransaction();
     // One run of COPY in a transaction of its own: the begin goes with the COPY,
     // the commit follows its rows.
-    if (own && !rows.empty() && rows.RunEnd(0) == rows.size() && UseCopy(rows, 0, rows.size())) {
+    if (own && !ahead && !rows.empty() && rows.RunEnd(0) == rows.size() && UseCopy(rows, 0, rows.size())) {
       if (Copy(rows, 0, rows.size(), ran, error, true)) return true;
       std::string ignored;
       if (conn_ && PQtransactionStatus(conn_.get()) != PQTRANS_IDLE) Run("rollback", ignored);
@@ -362,7 +405,9 @@ class PgConnection final : public Connection {
     if (!own) clean_ = false;
     for (std::size_t i = 0; i < rows.size();) {
       const std::size_t j = rows.RunEnd(i);
-      const bool ok = UseCopy(rows, i, j) ? Copy(rows, i, j, ran, error) : InsertEach(rows, i, j, ran, error);
+      const bool ok = i == 0 && ahead           ? Copy(rows, i, j, ran, error, false, &*ahead)
+                      : UseCopy(rows, i, j) ? Copy(rows, i, j, ran, error)
+                                            : InsertEach(rows, i, j, ran, error);
       if (!ok) {
         if (own) {
           std::string ignored;
@@ -416,6 +461,14 @@ class PgConnection final : public Connection {
 
   // The begin and the writers' lock go to the server with the first write.
   bool Begin(std::string& error) override {
+    if (ahead_ && ahead_->open && !ahead_->broken && txn_ == Txn::None) {
+      // Rows sent ahead stand in a transaction begun for them; the writers'
+      // lock follows them (see OpenAhead).
+      txn_ = Txn::Operation;
+      pendingBegin_ = false;
+      lockPending_ = clean_ = true;
+      return true;
+    }
     if (!Live(error)) return false;
     if (txn_ == Txn::Operation) {
       error = "a transaction is already open";
@@ -463,6 +516,7 @@ class PgConnection final : public Connection {
 
   bool InTransaction() const override {
     if (txn_ != Txn::Operation) return false;
+    if (ahead_ && ahead_->open) return true;
     const_cast<PgConnection*>(this)->Settle();
     if (pendingBegin_) return true;  // nothing written yet: any connection will do
     return conn_ && PQstatus(conn_.get()) == CONNECTION_OK && PQtransactionStatus(conn_.get()) == PQTRANS_INTRANS;
@@ -793,6 +847,7 @@ class PgConnection final : public Connection {
   };
 
   void Settle() {
+    if (ahead_ && ahead_->open) StopAhead();
     if (!inFlight_) return;
     InFlight f = std::move(*inFlight_);
     inFlight_.reset();
@@ -1004,62 +1059,170 @@ class PgConnection final : public Connection {
     return true;
   }
 
-  // A long run of rows with the same columns through COPY, in text format.
-  // `around` wraps the COPY in its own transaction, in the same round trips.
-  bool Copy(const PendingRows& rows, std::size_t from, std::size_t to, std::vector<std::string>& ran,
-            std::string& error, bool around = false) {
-    const RowShape& shape = rows.Shape(from);
+  static std::string CopyText(const RowShape& shape) {
     std::string text = "copy " + shape.table + " (";
     for (std::size_t k = 0; k < shape.columns.size(); ++k) text += (k ? ", " : "") + pg::ColumnIdentifier(shape.columns[k]);
-    text += ") from stdin";
-    ran.push_back(text);
-    ResultHandle start;
-    if (PQsendQuery(conn_.get(), (around ? "begin; " + text + "; commit" : text).c_str())) start = Collect(error);
-    if (!start || PQresultStatus(start.get()) != PGRES_COPY_IN) {
-      if (start) error = Explain(start.get());
-      return false;
-    }
-    const std::vector<char> dates = DateFlags(shape);
-    std::string buffer, scratch;
-    buffer.reserve(kCopyChunk + 4096);
-    bool sent = true;
-    for (std::size_t i = from; i < to && sent; ++i) {
-      const auto cells = rows.Cells(i);
-      for (std::size_t k = 0; k < cells.size(); ++k) {
-        if (k) buffer += '\t';
-        const PendingCell& cell = cells[k];
-        switch (cell.kind) {
-          case CellKind::Null: buffer += "\\N"; break;
-          case CellKind::Blob: {
-            const Variant& v = rows.Array(cell);
-            pg::AppendCopyBytea(buffer, v.Data(), v.Size() * sizeof(double));
-            break;
-          }
-          case CellKind::Text: pg::AppendCopyText(buffer, CellText(rows, cell, dates[k], scratch)); break;
-          case CellKind::Real: pg::AppendDouble(buffer, cell.real); break;
-          case CellKind::Integer: {
-            char digits[24];
-            buffer.append(digits, std::to_chars(digits, digits + sizeof digits, cell.integer).ptr);
-            break;
-          }
+    return text + ") from stdin";
+  }
+
+  // Rows on their way through one COPY, formatted as COPY text. A batch sent
+  // ahead of its save (`keep`) keeps all its text, to send again if a statement
+  // comes between; otherwise the text goes once sent.
+  struct CopyRows {
+    std::uint64_t batch = 0;
+    std::string statement;  // the COPY
+    std::vector<char> dates;
+    bool keep = false;
+    std::size_t formatted = 0;     // rows formatted so far
+    std::string text;              // formatted and not sent yet
+    std::vector<std::string> sent;  // pieces sent, when kept
+    bool open = false;             // its COPY is under way (else it waits for the save)
+    bool broken = false;      // a piece could not be sent
+  };
+
+  CopyRows CopyOf(const PendingRows& rows, std::size_t from, bool keep) const {
+    CopyRows c;
+    c.batch = rows.Id();
+    c.statement = CopyText(rows.Shape(from));
+    c.dates = DateFlags(rows.Shape(from));
+    c.keep = keep;
+    c.formatted = from;
+    c.text.reserve(kCopyChunk + 4096);
+    return c;
+  }
+
+  // One row as a line of COPY text.
+  static void AppendCopyRow(const PendingRows& rows, std::size_t i, const std::vector<char>& dates, std::string& out,
+                            std::string& scratch) {
+    const auto cells = rows.Cells(i);
+    for (std::size_t k = 0; k < cells.size(); ++k) {
+      if (k) out += '\t';
+      const PendingCell& cell = cells[k];
+      switch (cell.kind) {
+        case CellKind::Null: out += "\\N"; break;
+        case CellKind::Blob: {
+          const Variant& v = rows.Array(cell);
+          pg::AppendCopyBytea(out, v.Data(), v.Size() * sizeof(double));
+          break;
+        }
+        case CellKind::Text: pg::AppendCopyText(out, CellText(rows, cell, dates[k], scratch)); break;
+        case CellKind::Real: pg::AppendDouble(out, cell.real); break;
+        case CellKind::Integer: {
+          char digits[24];
+          out.append(digits, std::to_chars(digits, digits + sizeof digits, cell.integer).ptr);
+          break;
         }
       }
-      buffer += '\n';
-      if (buffer.size() >= kCopyChunk) {
-        sent = PQputCopyData(conn_.get(), buffer.data(), static_cast<int>(buffer.size())) == 1;
-        buffer.clear();
-      }
     }
-    if (sent && !buffer.empty())
-      sent = PQputCopyData(conn_.get(), buffer.data(), static_cast<int>(buffer.size())) == 1;
-    sent = PQputCopyEnd(conn_.get(), sent ? nullptr : "the rows could not be sent") == 1 && sent;
+    out += '\n';
+  }
+
+  // Passes the text formatted to the COPY once a piece's worth has gathered
+  // (any amount with `all`). False when a piece could not be sent.
+  bool SendText(CopyRows& c, bool all) {
+    if (c.text.size() < (all ? 1 : kCopyChunk)) return !c.broken;
+    if (!c.broken) c.broken = PQputCopyData(conn_.get(), c.text.data(), static_cast<int>(c.text.size())) != 1;
+    if (c.keep) {
+      c.sent.push_back(std::move(c.text));
+      c.text = std::string();
+      c.text.reserve(kCopyChunk + 4096);
+    } else {
+      c.text.clear();
+    }
+    return !c.broken;
+  }
+
+  // Sends again what a batch sent ahead before its COPY was stopped.
+  bool SendAgain(CopyRows& c) {
+    c.broken = false;
+    for (const std::string& piece : c.sent)
+      if (!c.broken) c.broken = PQputCopyData(conn_.get(), piece.data(), static_cast<int>(piece.size())) != 1;
+    return !c.broken;
+  }
+
+  // Formats and sends the rows up to `to`.
+  bool SendRows(CopyRows& c, const PendingRows& rows, std::size_t to) {
+    std::string scratch;
+    while (c.formatted < to && !c.broken) {
+      AppendCopyRow(rows, c.formatted++, c.dates, c.text, scratch);
+      SendText(c, false);
+    }
+    return !c.broken;
+  }
+
+  // Starts the COPY: in a transaction of its own with `begin`, else in the one open.
+  bool StartCopy(const std::string& begin, const CopyRows& c, std::string& error, const char* end = "") {
+    ResultHandle start;
+    if (PQsendQuery(conn_.get(), (begin + c.statement + end).c_str())) start = Collect(error);
+    if (start && PQresultStatus(start.get()) == PGRES_COPY_IN) return true;
+    if (start) error = Explain(start.get());
+    return false;
+  }
+
+  // Sends the rest of the text and ends the COPY (aborts it when a piece could
+  // not be sent); true when the server stored every row.
+  bool EndCopy(CopyRows& c, std::string& error) {
+    const bool sent = SendText(c, true);
+    const bool ended = PQputCopyEnd(conn_.get(), sent ? nullptr : "the rows could not be sent") == 1;
     ResultHandle done = Collect(error);
     if (!done) return false;
-    if (Failed(done.get()) || !sent) {
+    if (Failed(done.get()) || !sent || !ended) {
       error = Explain(done.get());
       return false;
     }
     return true;
+  }
+
+  // A long run of rows with the same columns through COPY, in text format.
+  // `around` wraps the COPY in its own transaction, in the same round trips.
+  // The rows of a batch that went ahead earlier (`ahead`) start from its text.
+  bool Copy(const PendingRows& rows, std::size_t from, std::size_t to, std::vector<std::string>& ran,
+            std::string& error, bool around = false, CopyRows* ahead = nullptr) {
+    CopyRows fresh = ahead ? CopyRows{} : CopyOf(rows, from, false);
+    CopyRows& c = ahead ? *ahead : fresh;
+    ran.push_back(c.statement);
+    if (!StartCopy(around ? "begin; " : "", c, error, around ? "; commit" : "")) return false;
+    if (ahead) SendAgain(c);
+    SendRows(c, rows, to);
+    return EndCopy(c, error);
+  }
+
+  // Starts sending a batch ahead of its save when nothing else stands on the
+  // connection and its rows so far are one long run for COPY: one COPY in a
+  // transaction of its own. The writers' lock waits for the save, so that a
+  // batch built slowly holds up no other writer; it is taken before the commit.
+  bool OpenAhead(const PendingRows& rows, std::size_t sealed) {
+    std::string error;
+    if (sealed < kAheadRows || txn_ != Txn::None || !Live(error) || txn_ != Txn::None || inFlight_ ||
+        !probes_.empty() || PQtransactionStatus(conn_.get()) != PQTRANS_IDLE || rows.RunEnd(0) < sealed ||
+        !UseCopy(rows, 0, sealed))
+      return false;
+    CopyRows c = CopyOf(rows, 0, true);
+    if (!StartCopy("begin; ", c, error)) {
+      std::string ignored;
+      if (conn_ && PQtransactionStatus(conn_.get()) != PQTRANS_IDLE) Run("rollback", ignored);
+      return false;
+    }
+    c.open = true;
+    ahead_ = std::move(c);
+    return true;
+  }
+
+  // Rows sent ahead are not to be stored now: the server drops them with their
+  // transaction, and their text waits for the batch's save. An operation that
+  // had adopted them has written nothing.
+  void StopAhead() {
+    ahead_->open = false;
+    if (txn_ == Txn::Operation) {
+      pendingBegin_ = true;
+      lockPending_ = false;
+      clean_ = true;
+    }
+    if (!conn_) return;
+    std::string ignored;
+    if (PQputCopyEnd(conn_.get(), "the rows sent ahead are sent again with their save") == 1) Collect(ignored);
+    if (conn_ && PQstatus(conn_.get()) == CONNECTION_OK && PQtransactionStatus(conn_.get()) != PQTRANS_IDLE)
+      Run("rollback", ignored);
   }
 
   ConnHandle conn_;
@@ -1078,6 +1241,7 @@ class PgConnection final : public Connection {
   std::unordered_set<std::string> arrayTexts_;
   Clock::time_point quietAt_{};  // when the socket was last seen quiet
   std::optional<InFlight> inFlight_;
+  std::optional<CopyRows> ahead_;  // a save batch's rows sent ahead of its save
   std::vector<Fetched> fetched_;  // slices asked for ahead, collected before their reader came to them
 };
 
