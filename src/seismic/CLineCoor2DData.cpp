@@ -145,40 +145,32 @@ class CLineCoor2DData final : public CDataObject<ILineCoor2DData> {
   }
 
   // The first line is saved alone so that the database numbers it; the lines
-  // after it take the following numbers, written in one batch with all points.
+  // after it take the following numbers, saved in one batch, then the points
+  // of every line in another.
   bool SaveSurvey(const char* project, const Survey2DLines& survey) override {
     std::vector<std::string> names;
     for (const auto& line : survey.Lines) names.push_back(line.LineName);
     if (kDeleteLines(project, survey.S2d_name, sql::QuoteEach(names)).refused()) return false;
     return Atomically([&] {
       DeleteLines(project, survey.S2d_name.c_str(), names);
-      CDbManage lines(connectionString.c_str());
-      if (TableMissing(lines, kLineTable)) return false;
+      if (!TableAnswers(kLineTable)) return false;
       if (survey.Lines.empty()) return true;
-      auto addLine = [&](const Line2DRecord& line) {
-        kLineColumns.AddRow(lines, {survey.S2d_name, line.LineName, line.SegYFile, line.FileFormat.ToText(), project});
+      auto addLine = [&](CDbManage& db, const Line2DRecord& line) {
+        kLineColumns.AddRow(db, {survey.S2d_name, line.LineName, line.SegYFile, line.FileFormat.ToText(), project});
       };
-      lines.BeginSaveData(kLineTable);
-      addLine(survey.Lines.front());
-      if (!lines.SaveData()) return false;
       int first = 0;
-      if (lines.GetDataFromDB(kLastNumber().c_str()) != kRowsFound || !lines.GetFieldValue("A", first)) return false;
-
-      CDbManage nav(connectionString.c_str());
-      const bool withNav = !TableMissing(nav, kNavTable);
-      auto addPoints = [&](int number, const Line2DRecord& line) {
-        if (!withNav) return;
-        for (const auto& p : line.Points) kNavColumns.AddRow(nav, {number, p});
-      };
-      if (withNav) nav.BeginSaveData(kNavTable);
-      addPoints(first, survey.Lines.front());
-      lines.BeginSaveData(kLineTable);
-      for (std::size_t i = 1; i < survey.Lines.size(); ++i) {
-        addLine(survey.Lines[i]);
-        addPoints(first + static_cast<int>(i), survey.Lines[i]);
-      }
-      const bool linesSaved = lines.SaveData();
-      return (!withNav || nav.SaveData()) && linesSaved;
+      if (!Append(kLineTable, [&](CDbManage& db) { addLine(db, survey.Lines.front()); }) ||
+          !LoadField(kLastNumber(), "A", first))
+        return false;
+      const bool withNav = TableAnswers(kNavTable);
+      const bool linesSaved = Append(kLineTable, [&](CDbManage& db) {
+        for (std::size_t i = 1; i < survey.Lines.size(); ++i) addLine(db, survey.Lines[i]);
+      });
+      const bool navSaved = !withNav || Append(kNavTable, [&](CDbManage& db) {
+        for (std::size_t i = 0; i < survey.Lines.size(); ++i)
+          for (const auto& p : survey.Lines[i].Points) kNavColumns.AddRow(db, {first + static_cast<int>(i), p});
+      });
+      return navSaved && linesSaved;
     });
   }
 

@@ -405,7 +405,7 @@ class PgConnection final : public Connection {
     if (!own) clean_ = false;
     for (std::size_t i = 0; i < rows.size();) {
       const std::size_t j = rows.RunEnd(i);
-      const bool ok = i == 0 && ahead           ? Copy(rows, i, j, ran, error, false, &*ahead)
+      const bool ok = i == 0 && ahead           ? RunCopy(*ahead, rows, j, ran, error)
                       : UseCopy(rows, i, j) ? Copy(rows, i, j, ran, error)
                                             : InsertEach(rows, i, j, ran, error);
       if (!ok) {
@@ -1175,14 +1175,19 @@ class PgConnection final : public Connection {
 
   // A long run of rows with the same columns through COPY, in text format.
   // `around` wraps the COPY in its own transaction, in the same round trips.
-  // The rows of a batch that went ahead earlier (`ahead`) start from its text.
   bool Copy(const PendingRows& rows, std::size_t from, std::size_t to, std::vector<std::string>& ran,
-            std::string& error, bool around = false, CopyRows* ahead = nullptr) {
-    CopyRows fresh = ahead ? CopyRows{} : CopyOf(rows, from, false);
-    CopyRows& c = ahead ? *ahead : fresh;
+            std::string& error, bool around = false) {
+    CopyRows c = CopyOf(rows, from, false);
+    return RunCopy(c, rows, to, ran, error, around);
+  }
+
+  // One COPY of `c`: what it holds from earlier (a batch sent ahead before its
+  // COPY was stopped), then its rows up to `to`.
+  bool RunCopy(CopyRows& c, const PendingRows& rows, std::size_t to, std::vector<std::string>& ran,
+               std::string& error, bool around = false) {
     ran.push_back(c.statement);
     if (!StartCopy(around ? "begin; " : "", c, error, around ? "; commit" : "")) return false;
-    if (ahead) SendAgain(c);
+    SendAgain(c);
     SendRows(c, rows, to);
     return EndCopy(c, error);
   }
