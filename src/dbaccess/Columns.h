@@ -326,22 +326,14 @@ class ColumnTable {
   // first required column that cannot be read (fields read so far keep their
   // values, later ones are not touched).
   bool Read(const CDbManage& db, Record& record) const {
-    if (!readsCells_) {
-      for (const auto& c : columns_) {
-        if (!c.read) continue;
-        if (c.get(db, record)) continue;
-        if (c.required) return false;
-        if (c.fallback) c.fallback(record);
-      }
-      return true;
-    }
-    // The row's fields fetched at once; no row reads as every field NULL.
-    const db::FieldCell* cells = db.GetFields(readNames_.data(), readNames_.size());
+    // The row's fields fetched at once when every getter reads cells; no row
+    // reads as every field NULL.
+    const db::FieldCell* cells = readsCells_ ? db.GetFields(readNames_.data(), readNames_.size()) : nullptr;
     const db::FieldCell none;
     std::size_t k = 0;
     for (const auto& c : columns_) {
       if (!c.read) continue;
-      if (c.get.FromCell(cells ? cells[k++] : none, record)) continue;
+      if (readsCells_ ? c.get.FromCell(cells ? cells[k++] : none, record) : c.get(db, record)) continue;
       if (c.required) return false;
       if (c.fallback) c.fallback(record);
     }
