@@ -125,42 +125,56 @@ const Access& StoredAccess(const void* storage) {
 
 }  // namespace columns
 
+// A column's callable, and for one made by Col() the member access it was
+// made from, kept so that a value can go between the member and a cell without
+// the session (`Direct` is that fast way).
+template <class Function, class Direct>
+class ColumnAccess {
+ public:
+  ColumnAccess() = default;
+  template <class F, class = std::enable_if_t<!std::is_base_of_v<ColumnAccess, std::decay_t<F>> &&
+                                              std::is_constructible_v<Function, F>>>
+  ColumnAccess(F f) : function_(std::move(f)) {}
+  explicit operator bool() const { return static_cast<bool>(function_); }
+
+ protected:
+  template <class Access>
+  void Keep(const Access& access, Direct direct) {
+    columns::StoreAccess(access_, kStorage, access);
+    direct_ = direct;
+  }
+
+  static constexpr std::size_t kStorage = 2 * sizeof(void*);
+  Function function_;
+  Direct direct_ = nullptr;
+  alignas(std::max_align_t) unsigned char access_[kStorage] = {};
+};
+
 // Reads a column into its member: callable as (db, record), false when the
 // value cannot be read. A getter made by Col() also converts a field the
 // session has fetched straight into the member, without looking the column up;
 // a getter assigned anything else is called as it is.
 template <class Record>
-class ColumnGetter {
+class ColumnGetter
+    : public ColumnAccess<std::function<bool(const CDbManage&, Record&)>,
+                          bool (*)(const db::FieldCell&, Record&, const void*)> {
  public:
-  using Function = std::function<bool(const CDbManage&, Record&)>;
-
-  ColumnGetter() = default;
-  template <class F, class = std::enable_if_t<!std::is_same_v<std::decay_t<F>, ColumnGetter> &&
-                                              std::is_constructible_v<Function, F>>>
-  ColumnGetter(F f) : function_(std::move(f)) {}
+  using ColumnGetter::ColumnAccess::ColumnAccess;
 
   // Reads the member through `access` (a small copyable callable giving T& of a record).
   template <class T, class Access>
   static ColumnGetter Typed(const char* name, Access access) {
     ColumnGetter g([name, access](const CDbManage& db, Record& r) { return columns::ReadValue(db, name, access(r)); });
-    columns::StoreAccess(g.access_, kStorage, access);
-    g.fromCell_ = [](const db::FieldCell& cell, Record& r, const void* stored) {
+    g.Keep(access, [](const db::FieldCell& cell, Record& r, const void* stored) {
       return db::CellTo(cell, columns::StoredAccess<Access>(stored)(r));
-    };
+    });
     return g;
   }
 
-  bool operator()(const CDbManage& db, Record& record) const { return function_(db, record); }
-  explicit operator bool() const { return static_cast<bool>(function_); }
+  bool operator()(const CDbManage& db, Record& record) const { return this->function_(db, record); }
   // True when FromCell can read the member.
-  bool ReadsCells() const { return fromCell_ != nullptr; }
-  bool FromCell(const db::FieldCell& cell, Record& record) const { return fromCell_(cell, record, access_); }
-
- private:
-  static constexpr std::size_t kStorage = 2 * sizeof(void*);
-  Function function_;
-  bool (*fromCell_)(const db::FieldCell&, Record&, const void*) = nullptr;
-  alignas(std::max_align_t) unsigned char access_[kStorage] = {};
+  bool ReadsCells() const { return this->direct_ != nullptr; }
+  bool FromCell(const db::FieldCell& cell, Record& record) const { return this->direct_(cell, record, this->access_); }
 };
 
 // Writes a member into the column of the row begun with AddNew; callable as
@@ -168,14 +182,11 @@ class ColumnGetter {
 // into a cell of a row begun with AddNewWith; one assigned anything else is
 // called as it is.
 template <class Record>
-class ColumnSetter {
+class ColumnSetter
+    : public ColumnAccess<std::function<void(CDbManage&, const Record&, EmptyArray)>,
+                          void (*)(db::PendingRows&, db::PendingCell&, const Record&, const void*, EmptyArray)> {
  public:
-  using Function = std::function<void(CDbManage&, const Record&, EmptyArray)>;
-
-  ColumnSetter() = default;
-  template <class F, class = std::enable_if_t<!std::is_same_v<std::decay_t<F>, ColumnSetter> &&
-                                              std::is_constructible_v<Function, F>>>
-  ColumnSetter(F f) : function_(std::move(f)) {}
+  using ColumnSetter::ColumnAccess::ColumnAccess;
 
   template <class T, class Access>
   static ColumnSetter Typed(const char* name, Access access) {
@@ -183,28 +194,20 @@ class ColumnSetter {
     ColumnSetter s([name, access](CDbManage& db, const Record& r, EmptyArray empty) {
       columns::WriteValue(db, name, std::as_const(access(const_cast<Record&>(r))), empty);
     });
-    columns::StoreAccess(s.access_, kStorage, access);
-    s.toCell_ = [](db::PendingRows& rows, db::PendingCell& cell, const Record& r, const void* stored,
-                   EmptyArray empty) {
+    s.Keep(access, [](db::PendingRows& rows, db::PendingCell& cell, const Record& r, const void* stored,
+                      EmptyArray empty) {
       columns::ToCell(rows, cell, std::as_const(columns::StoredAccess<Access>(stored)(const_cast<Record&>(r))),
                       empty);
-    };
+    });
     return s;
   }
 
-  void operator()(CDbManage& db, const Record& record, EmptyArray empty) const { function_(db, record, empty); }
-  explicit operator bool() const { return static_cast<bool>(function_); }
+  void operator()(CDbManage& db, const Record& record, EmptyArray empty) const { this->function_(db, record, empty); }
   // True when ToCell can write the member.
-  bool WritesCells() const { return toCell_ != nullptr; }
+  bool WritesCells() const { return this->direct_ != nullptr; }
   void ToCell(db::PendingRows& rows, db::PendingCell& cell, const Record& record, EmptyArray empty) const {
-    toCell_(rows, cell, record, access_, empty);
+    this->direct_(rows, cell, record, this->access_, empty);
   }
-
- private:
-  static constexpr std::size_t kStorage = 2 * sizeof(void*);
-  Function function_;
-  void (*toCell_)(db::PendingRows&, db::PendingCell&, const Record&, const void*, EmptyArray) = nullptr;
-  alignas(std::max_align_t) unsigned char access_[kStorage] = {};
 };
 
 template <class Record>
