@@ -182,6 +182,45 @@ TEST_F(PostgresTest, ABatchSentAheadIsStoredBySaveDataAlone) {
   EXPECT_EQ(Query("select count(*) from t_pg where k = 'again'"), std::vector<std::string>{"3000"});
 }
 
+TEST_F(PostgresTest, ARepeatedReadFollowsItsTableThroughChanges) {
+  Exec("insert into t_pg (k, i) values ('a', 1)");
+  const auto read = [&](CDbManage& db, const char* column) -> std::string {
+    if (db.GetDataFromDB("select * from t_pg where k = 'a'") != kRowsFound) return "failed";
+    int value = -1;
+    return db.GetFieldValue(column, value) ? std::to_string(value) : "no " + std::string(column);
+  };
+  const auto readAlone = [&](const char* column) {
+    CDbManage db(connection_.c_str());
+    return read(db, column);
+  };
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(readAlone("i"), "1");
+  // Repeated on its connection, the read is prepared there.
+  EXPECT_EQ(Query("select count(*) from pg_prepared_statements where statement like '%from t_pg where k%'"),
+            std::vector<std::string>{"1"});
+  // The table gains a column: the read's result changes shape and it still reads.
+  Exec("alter table t_pg add column extra integer default 7");
+  EXPECT_EQ(readAlone("extra"), "7");
+  // The same inside an operation that has written, where a failed statement
+  // would undo the operation's work.
+  {
+    db::Operation op(connection_);
+    CDbManage db(connection_.c_str());
+    EXPECT_TRUE(db.ExecuteSQL("update t_pg set i = 2"));
+    EXPECT_EQ(read(db, "i"), "2");
+    EXPECT_EQ(read(db, "i"), "2");
+    EXPECT_TRUE(db.ExecuteSQL("alter table t_pg drop column extra"));
+    EXPECT_EQ(read(db, "i"), "2");
+    EXPECT_TRUE(db.ExecuteSQL("alter table t_pg add column more integer default 9"));
+    EXPECT_EQ(read(db, "more"), "9");
+    EXPECT_TRUE(op.Commit());
+  }
+  EXPECT_EQ(Query("select i from t_pg"), std::vector<std::string>{"2"});
+  // A host's own statement drops every prepared statement: the read goes on.
+  EXPECT_TRUE(CDbManage(connection_.c_str()).ExecuteSQL("deallocate all"));
+  EXPECT_EQ(readAlone("more"), "9");
+  EXPECT_EQ(readAlone("more"), "9");
+}
+
 TEST_F(PostgresTest, ABareTableNameReadsThroughAServerCursor) {
   ASSERT_TRUE(SaveRows(5000, [](CDbManage& db, int i) { db.SetFieldValue("i", i); }));
   {

@@ -53,6 +53,10 @@ constexpr std::size_t kCopyThreshold = 16;
 constexpr std::size_t kCopyChunk = 64 << 10;
 // A save batch this long starts going to the server before it is saved.
 constexpr std::size_t kAheadRows = 1024;
+// Reads prepared on one connection at most, and read texts remembered to find
+// the repeated ones (forgotten all at once when there are more).
+constexpr std::size_t kPreparedReads = 256;
+constexpr std::size_t kSeenReads = 4096;
 
 // Time limits, in seconds: connecting ("Timeout=" overrides), and one statement
 // ("Command Timeout=" overrides). The server cancels a statement that runs
@@ -308,7 +312,10 @@ class PgConnection final : public Connection {
     const bool binary = arrays || arrayTexts_.count(statement) > 0;
     if (std::string table; IsWholeTableRead(statement, table)) return OpenProbe(table, binary, error);
     for (int attempt = 0;; ++attempt) {
-      ResultHandle r = Statement(statement, binary ? 1 : 0, false, error);
+      Sent sent;
+      sent.reuse = true;
+      ResultHandle r = Statement(statement, binary ? 1 : 0, false, sent, error);
+      if (attempt == 0 && ForgetStale(statement, sent, r.get())) continue;
       if (r && !Failed(r.get())) {
         if (!binary) NoteArrays(statement, r.get());
         return std::make_unique<PgCursor>(this, std::move(r), std::string(), generation_);
@@ -724,6 +731,7 @@ class PgConnection final : public Connection {
     conn_.reset();
     quietAt_ = {};
     prepared_.clear();
+    reads_.clear();
     EndTransaction();
     if (resume) {
       txn_ = Txn::Operation;
@@ -739,19 +747,62 @@ class PgConnection final : public Connection {
   //   trip, so that its failure undoes only itself.
   // - A statement that fails in an operation's transaction that holds nothing
   //   yet rolls that back and begins again at the next write: nothing is lost.
+  // How a statement went out, for collecting its result later.
+  struct Sent {
+    bool reuse = false;  // asked for: a read that may run as a prepared statement
+    bool pipeline = false, beginFirst = false, guard = false, writes = false;
+    std::size_t commands = 0, mineAt = 0;
+    std::string prepared;    // the prepared statement that ran it, if one did
+    std::string preparing;   // its text, when it was prepared in the same round trip
+    std::string broken;      // the pipeline could not be sent
+  };
+
   ResultHandle Statement(const std::string& text, int format, bool writes, std::string& error) {
-    Settle();
     Sent sent;
+    return Statement(text, format, writes, sent, error);
+  }
+  ResultHandle Statement(const std::string& text, int format, bool writes, Sent& sent, std::string& error) {
+    Settle();
     if (!Send(text, format, writes, sent, error)) return nullptr;
     return Finish(sent, error);
   }
 
-  // How a statement went out, for collecting its result later.
-  struct Sent {
-    bool pipeline = false, beginFirst = false, guard = false, writes = false;
-    std::size_t commands = 0, mineAt = 0;
-    std::string broken;  // the pipeline could not be sent
-  };
+  // A read repeated on a connection runs as a statement prepared there, so the
+  // server no longer parses and plans it each time. A text is prepared the
+  // second time it is seen: keys written into statements make most texts unique.
+  void PlanReuse(const std::string& text, Sent& s) {
+    if (const auto it = reads_.find(text); it != reads_.end()) {
+      s.prepared = it->second;
+      return;
+    }
+    if (reads_.size() >= kPreparedReads) return;
+    // Texts seen are kept as hashes: a rare clash only prepares a read early.
+    const std::size_t hash = std::hash<std::string>{}(text);
+    if (seenReads_.insert(hash).second) {
+      if (seenReads_.size() > kSeenReads) {
+        seenReads_.clear();
+        seenReads_.insert(hash);
+      }
+      return;
+    }
+    s.prepared = "petrodb_" + std::to_string(++preparedCounter_);
+    s.preparing = text;
+  }
+
+  // A prepared read that the server refused because the statement went stale:
+  // its result would change shape (a table gained or lost a column), or the
+  // statement is gone (deallocated by a host's own statement). It is
+  // forgotten, so that the read can be prepared again.
+  bool ForgetStale(const std::string& text, const Sent& s, const PGresult* r) {
+    if (s.prepared.empty() || !r || !Failed(r)) return false;
+    const char* state = PQresultErrorField(r, PG_DIAG_SQLSTATE);
+    const std::string code = state ? state : "";
+    if (code != "0A000" && code != "26000") return false;
+    reads_.erase(text);
+    std::string ignored;
+    if (code == "0A000" && conn_) Run("deallocate " + s.prepared, ignored);
+    return true;
+  }
 
   // Sends a statement of the module (see Statement); false when nothing went out.
   bool Send(const std::string& text, int format, bool writes, Sent& s, std::string& error) {
@@ -761,12 +812,16 @@ class PgConnection final : public Connection {
     }
     PGconn* c = conn_.get();
     const bool operation = txn_ == Txn::Operation;
+    if (s.reuse) PlanReuse(text, s);
     s.writes = writes;
     s.beginFirst = operation && (pendingBegin_ || lockPending_) && writes;
     const bool unsaved = operation && clean_ && probes_.empty();
     s.guard = PQtransactionStatus(c) == PQTRANS_INTRANS && !unsaved;
-    if (!s.beginFirst && !s.guard) {
-      if (!PQsendQueryParams(c, text.c_str(), 0, nullptr, nullptr, nullptr, nullptr, format)) {
+    if (!s.beginFirst && !s.guard && s.preparing.empty()) {
+      const int sent = s.prepared.empty()
+                           ? PQsendQueryParams(c, text.c_str(), 0, nullptr, nullptr, nullptr, nullptr, format)
+                           : PQsendQueryPrepared(c, s.prepared.c_str(), 0, nullptr, nullptr, nullptr, format);
+      if (!sent) {
         error = Explain(nullptr);
         return false;
       }
@@ -777,19 +832,34 @@ class PgConnection final : public Connection {
       return false;
     }
     s.pipeline = true;
-    std::vector<std::pair<std::string, int>> commands;  // text, result format
+    enum class How { Text, Prepare, Prepared };
+    struct Command {
+      std::string_view text;
+      int format = 0;
+      How how = How::Text;
+    };
+    std::vector<Command> commands;
     if (s.beginFirst) {
-      if (pendingBegin_) commands.emplace_back("begin", 0);
-      commands.emplace_back(kWriterLock, 0);
+      if (pendingBegin_) commands.push_back({"begin"});
+      commands.push_back({kWriterLock});
     }
-    if (s.guard) commands.emplace_back("savepoint petrodb_statement", 0);
+    if (s.guard) commands.push_back({"savepoint petrodb_statement"});
+    if (!s.preparing.empty()) commands.push_back({text, 0, How::Prepare});
     s.mineAt = commands.size();
-    commands.emplace_back(text, format);
-    if (s.guard) commands.emplace_back("release savepoint petrodb_statement", 0);
+    commands.push_back({text, format, s.prepared.empty() ? How::Text : How::Prepared});
+    if (s.guard) commands.push_back({"release savepoint petrodb_statement"});
     s.commands = commands.size();
     bool sent = true;
-    for (const auto& [command, resultFormat] : commands)
-      sent = sent && PQsendQueryParams(c, command.c_str(), 0, nullptr, nullptr, nullptr, nullptr, resultFormat);
+    for (const Command& k : commands) {
+      const std::string command(k.text);
+      if (!sent) break;
+      if (k.how == How::Text)
+        sent = PQsendQueryParams(c, command.c_str(), 0, nullptr, nullptr, nullptr, nullptr, k.format);
+      else if (k.how == How::Prepare)
+        sent = PQsendPrepare(c, s.prepared.c_str(), command.c_str(), 0, nullptr);
+      else
+        sent = PQsendQueryPrepared(c, s.prepared.c_str(), 0, nullptr, nullptr, nullptr, k.format);
+    }
     sent = sent && PQpipelineSync(c);
     if (!sent) s.broken = EngineText(c);
     return true;
@@ -816,9 +886,12 @@ class PgConnection final : public Connection {
     }
     PQexitPipelineMode(c);
     if (s.beginFirst) pendingBegin_ = lockPending_ = false;
+    if (!s.preparing.empty() && PQresultStatus(results[s.mineAt - 1].get()) == PGRES_COMMAND_OK)
+      reads_.emplace(s.preparing, s.prepared);
     ResultHandle mine = std::move(results[s.mineAt]);
-    // The begin or the lock failed (a lock wait past its time): the statement did not run.
-    for (std::size_t k = 0; k < s.mineAt && s.beginFirst; ++k)
+    // What went before failed (a lock wait past its time, a statement that does
+    // not parse): the statement did not run, and that failure is its answer.
+    for (std::size_t k = 0; k < s.mineAt; ++k)
       if (!results[k] || Failed(results[k].get())) {
         mine = std::move(results[k]);
         break;
@@ -919,6 +992,7 @@ class PgConnection final : public Connection {
     conn_ = std::move(fresh);
     quietAt_ = {};
     prepared_.clear();
+    reads_.clear();
     EndTransaction();
     if (resume) {
       txn_ = Txn::Operation;
@@ -1241,7 +1315,9 @@ class PgConnection final : public Connection {
   std::vector<std::string> probes_;  // open server cursors
   long generation_ = 0;              // counts transaction ends: cursors of an ended one are gone
   long probeCounter_ = 0;
-  std::unordered_map<std::string, std::string> prepared_;
+  std::unordered_map<std::string, std::string> prepared_;     // inserts: text, name
+  std::unordered_map<std::string, std::string> reads_;        // repeated reads: text, name
+  std::unordered_set<std::size_t> seenReads_;
   long preparedCounter_ = 0;
   std::unordered_set<std::string> arrayTexts_;
   Clock::time_point quietAt_{};  // when the socket was last seen quiet
