@@ -40,6 +40,7 @@ bool IsWordChar(char c) { return std::isalnum(static_cast<unsigned char>(c)) || 
 // "in ()" outside literals and quoted names, blanks allowed, IN in any case:
 // Access and SQL Server refuse such a statement; so does every engine here.
 bool HasEmptyValueList(const std::string& text) {
+  if (text.find('(') == std::string::npos) return false;  // most reads: one quick look
   const std::size_t n = text.size();
   for (std::size_t i = 0; i < n; ++i) {
     const char c = text[i];
