@@ -68,10 +68,24 @@ void Release(void* block, std::size_t bytes) {
 
 // The blocks a thread's last batches left, for its next ones: a batch of the
 // same size as the last then finds its memory in place. Blocks are kept by the
-// size of their values (a batch's cells apart from its text), and bounded, so
-// that one huge batch does not keep its memory for good.
+// size of their values (a batch's cells apart from its text), and bounded.
+// The pages of a kept mapped block are given back to the system lazily: it
+// takes them when it runs short of memory, and otherwise the next batch finds
+// them there without a fault (fresh pages cost a fault and zeroing each).
 constexpr std::size_t kSpareBlocks = 4;
-constexpr std::size_t kSpareBytes = std::size_t{64} << 20;
+constexpr std::size_t kSpareBytes = std::size_t{1} << 30;
+
+// Lets the system take a kept block's used pages back whenever it needs them.
+void GiveBackLazily(void* block, std::size_t bytes, std::size_t used) {
+#if defined(__linux__) && defined(MADV_FREE)
+  if (bytes < kMapped) return;
+  const std::size_t page = 4096;
+  const std::size_t length = std::min(bytes, (used + page - 1) / page * page);
+  if (length) ::madvise(block, length, MADV_FREE);
+#else
+  (void)block, (void)bytes, (void)used;
+#endif
+}
 
 struct SpareBlocks {
   struct Block {
@@ -138,9 +152,13 @@ void* GrowPlainBlock(void* block, std::size_t bytes, std::size_t& grownBytes, st
   return Resize(block, bytes, grownBytes);
 }
 
-void FreePlainBlock(void* block, std::size_t bytes, std::size_t kind) {
+void FreePlainBlock(void* block, std::size_t bytes, std::size_t used, std::size_t kind) {
   if (!block) return;
-  if (t_spareGone || !t_spare.Keep(block, bytes, kind)) Release(block, bytes);
+  if (t_spareGone || !t_spare.Keep(block, bytes, kind)) {
+    Release(block, bytes);
+    return;
+  }
+  GiveBackLazily(block, bytes, used);
 }
 
 const PendingRows::Run& PendingRows::RunOf(std::size_t row) const {

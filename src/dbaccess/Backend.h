@@ -2,6 +2,7 @@
 // What a database engine must offer the session: connections that run single
 // statements, cursors that read rows, batched inserts and one transaction at a
 // time.
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -83,9 +84,10 @@ inline void Cursor::Fetch(const int* columns, std::size_t count, FieldCell* out)
 //
 // GrowPlainBlock gives a block of at least `grownBytes` (null `block`: a new
 // one) and sets `grownBytes` to its size; `kind` (the size of the values) sorts
-// the kept blocks.
+// the kept blocks. FreePlainBlock is told how many of the block's bytes were
+// used: only those pages can be there to give back.
 void* GrowPlainBlock(void* block, std::size_t bytes, std::size_t& grownBytes, std::size_t kind);
-void FreePlainBlock(void* block, std::size_t bytes, std::size_t kind);
+void FreePlainBlock(void* block, std::size_t bytes, std::size_t used, std::size_t kind);
 
 template <class T>
 class PlainArray {
@@ -95,7 +97,7 @@ class PlainArray {
   PlainArray() = default;
   PlainArray(const PlainArray&) = delete;
   PlainArray& operator=(const PlainArray&) = delete;
-  ~PlainArray() { FreePlainBlock(data_, bytes_, sizeof(T)); }
+  ~PlainArray() { FreePlainBlock(data_, bytes_, Used(), sizeof(T)); }
 
   std::size_t size() const { return size_; }
   T* data() { return data_; }
@@ -112,9 +114,13 @@ class PlainArray {
     if (count) std::memcpy(data_ + size_, values, count * sizeof(T));
     size_ += count;
   }
-  void clear() { size_ = 0; }
+  void clear() {
+    most_ = std::max(most_, size_);
+    size_ = 0;
+  }
   // Drops the first `count` values; the rest move to the front.
   void erase_front(std::size_t count) {
+    most_ = std::max(most_, size_);
     if (count < size_) std::memmove(data_, data_ + count, (size_ - count) * sizeof(T));
     size_ = count < size_ ? size_ - count : 0;
   }
@@ -123,6 +129,7 @@ class PlainArray {
     std::swap(size_, other.size_);
     std::swap(capacity_, other.capacity_);
     std::swap(bytes_, other.bytes_);
+    std::swap(most_, other.most_);
   }
 
  private:
@@ -134,8 +141,10 @@ class PlainArray {
     bytes_ = bytes;
     capacity_ = bytes / sizeof(T);
   }
+  std::size_t Used() const { return std::max(most_, size_) * sizeof(T); }
   T* data_ = nullptr;
   std::size_t size_ = 0, capacity_ = 0;
+  std::size_t most_ = 0;   // values held at most before the last clear
   std::size_t bytes_ = 0;  // of the block
 };
 
