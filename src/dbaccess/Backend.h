@@ -298,8 +298,9 @@ class Connection {
   // database <name>". Never holds a password.
   virtual std::string Where() const = 0;
   // The statement the engine will run for a module statement (the dialect
-  // bridge); the text itself when nothing needs rewriting.
-  virtual std::string Rewrite(const std::string& statement) const = 0;
+  // bridge); the text itself when nothing needs rewriting. The text is the
+  // connection's: it stays valid until the next Rewrite on the connection.
+  virtual const std::string& Rewrite(const std::string& statement) const = 0;
   // Runs one select statement. Null when it could not run (error filled).
   // `arrays` says the result holds double arrays: an engine may then fetch the
   // rows in a form that carries them faster.

@@ -172,7 +172,7 @@ namespace {
 // sessions opened while the program exits (static destructors) still work.
 thread_local Group* t_groups = nullptr;
 
-std::shared_ptr<Group> JoinGroup(const std::string& connection, bool scoped, bool& owner) {
+std::shared_ptr<Group> JoinGroup(std::string_view connection, bool scoped, bool& owner) {
   for (Group* g = t_groups; g; g = g->next)
     if (g->connection == connection) {
       ++g->members;
@@ -185,7 +185,7 @@ std::shared_ptr<Group> JoinGroup(const std::string& connection, bool scoped, boo
   group->scoped = scoped;
   owner = true;
   ClearLastError();
-  group->conn = AcquireConnection(connection, group->openError);
+  group->conn = AcquireConnection(group->connection, group->openError);
   if (!group->conn) {
     if (group->openError.empty()) group->openError = "no connection";
     SetLastError(group->openError);
@@ -407,8 +407,9 @@ GetDataResult CDbManage::GetDataFromDB(const char* statement, bool binary) {
     Trace(watch, text, text, "GetDataFromDB", kFailed, error);
     return kFailed;
   }
-  const std::string query = IsBareTableName(text) ? "select * from " + text : text;
-  const std::string sent = impl_->conn->Rewrite(query);
+  std::string whole;  // a bare table name reads the whole table
+  const std::string& query = IsBareTableName(text) ? (whole = "select * from " + text) : text;
+  const std::string& sent = impl_->conn->Rewrite(query);
   impl_->cursor = impl_->conn->Query(sent, error, binary);
   GetDataResult result = !impl_->cursor ? kFailed : impl_->cursor->OnRow() ? kRowsFound : kNoRows;
   if (result == kFailed) {
@@ -556,7 +557,7 @@ bool CDbManage::ExecuteSQL(const char* statement) {
     Trace(watch, text, text, "ExecuteSQL", 0, error);
     return false;
   }
-  const std::string sent = conn.Rewrite(text);
+  const std::string& sent = conn.Rewrite(text);
   const bool ok = conn.Execute(sent, error);
   if (!ok) {
     impl_->Failed(error);

@@ -298,9 +298,9 @@ class PgConnection final : public Connection {
     return Quiet();
   }
 
-  std::string Rewrite(const std::string& statement) const override {
+  const std::string& Rewrite(const std::string& statement) const override {
     // Access texts are not rewritten here: they fail as they would on a server.
-    return pg::RewriteServerForPostgres(statement);
+    return rewritten_ = pg::RewriteServerForPostgres(statement);
   }
 
   // Rows come in the text format: the server makes it much faster than the
@@ -1320,6 +1320,7 @@ class PgConnection final : public Connection {
   std::unordered_set<std::size_t> seenReads_;
   long preparedCounter_ = 0;
   std::unordered_set<std::string> arrayTexts_;
+  mutable std::string rewritten_;  // the last statement rewritten
   Clock::time_point quietAt_{};  // when the socket was last seen quiet
   std::optional<InFlight> inFlight_;
   std::optional<CopyRows> ahead_;  // a save batch's rows sent ahead of its save

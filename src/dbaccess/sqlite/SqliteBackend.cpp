@@ -255,12 +255,11 @@ class SqliteConnection final : public Connection {
   // Date columns hold ISO text: literals given to them are padded as stored.
   // The rewrite depends on the text alone: operations repeat their texts, so the
   // results are kept (a bounded number of them).
-  std::string Rewrite(const std::string& statement) const override {
+  const std::string& Rewrite(const std::string& statement) const override {
     if (const auto it = rewritten_.find(statement); it != rewritten_.end()) return it->second;
     std::string sent = dialect_ == Dialect::Jet ? RewriteJetForSqlite(statement) : NormaliseDateLiterals(statement);
     if (rewritten_.size() >= 256) rewritten_.clear();
-    rewritten_.emplace(statement, sent);
-    return sent;
+    return rewritten_.emplace(statement, std::move(sent)).first->second;
   }
 
   std::unique_ptr<Cursor> Query(const std::string& statement, std::string& error, bool = false) override {
