@@ -67,23 +67,27 @@ void Release(void* block, std::size_t bytes) {
 }
 
 // The blocks a thread's last batches left, for its next ones: a batch of the
-// same size as the last then finds its memory in place. Blocks are kept by the
-// size of their values (a batch's cells apart from its text), and bounded.
-// The pages of a kept mapped block are given back to the system lazily: it
-// takes them when it runs short of memory, and otherwise the next batch finds
-// them there without a fault (fresh pages cost a fault and zeroing each).
+// same size as the last then finds its memory in place (fresh pages cost a
+// fault and the zeroing of each). Blocks are kept by the size of their values
+// (a batch's cells apart from its text). The first 64 MB of what is kept stay
+// in place; the used pages past them, a huge batch's, are given back to the
+// system lazily: it takes them when it runs short of memory, and otherwise the
+// next huge batch finds them there. Pages given back cost something to use
+// again, so a batch of ordinary size never meets them.
 constexpr std::size_t kSpareBlocks = 4;
 constexpr std::size_t kSpareBytes = std::size_t{1} << 30;
+constexpr std::size_t kResidentBytes = std::size_t{64} << 20;
+constexpr std::size_t kPage = 4096;
 
-// Lets the system take a kept block's used pages back whenever it needs them.
-void GiveBackLazily(void* block, std::size_t bytes, std::size_t used) {
+// Lets the system take the pages of `block` from `resident` up to `used` back
+// whenever it needs them.
+void GiveBackLazily(void* block, std::size_t bytes, std::size_t resident, std::size_t used) {
 #if defined(__linux__) && defined(MADV_FREE)
   if (bytes < kMapped) return;
-  const std::size_t page = 4096;
-  const std::size_t length = std::min(bytes, (used + page - 1) / page * page);
-  if (length) ::madvise(block, length, MADV_FREE);
+  const std::size_t end = std::min(bytes, (used + kPage - 1) / kPage * kPage);
+  if (end > resident) ::madvise(static_cast<char*>(block) + resident, end - resident, MADV_FREE);
 #else
-  (void)block, (void)bytes, (void)used;
+  (void)block, (void)bytes, (void)resident, (void)used;
 #endif
 }
 
@@ -92,6 +96,7 @@ struct SpareBlocks {
     void* data = nullptr;
     std::size_t bytes = 0;
     std::size_t kind = 0;
+    std::size_t resident = 0;  // its first bytes, whose pages stay in place
   };
   Block blocks[kSpareBlocks];
   std::size_t total = 0;
@@ -109,7 +114,7 @@ struct SpareBlocks {
     return taken;
   }
   // Keeps the block in a free place, or in place of a smaller one; false when it is not kept.
-  bool Keep(void* data, std::size_t bytes, std::size_t kind) {
+  bool Keep(void* data, std::size_t bytes, std::size_t used, std::size_t kind) {
     Block* slot = nullptr;
     for (Block& b : blocks)
       if (!b.data) {
@@ -121,8 +126,15 @@ struct SpareBlocks {
         if (b.bytes < bytes && (!slot || b.bytes < slot->bytes)) slot = &b;
     if (!slot || total - slot->bytes + bytes > kSpareBytes) return false;
     if (slot->data) Release(slot->data, slot->bytes);
-    total = total - slot->bytes + bytes;
-    *slot = {data, bytes, kind};
+    total -= slot->bytes;
+    *slot = {};
+    std::size_t residentElsewhere = 0;
+    for (const Block& b : blocks) residentElsewhere += b.resident;
+    const std::size_t budget = kResidentBytes - std::min(kResidentBytes, residentElsewhere);
+    const std::size_t resident = std::min(bytes, budget) / kPage * kPage;
+    GiveBackLazily(data, bytes, resident, used);
+    total += bytes;
+    *slot = {data, bytes, kind, resident};
     return true;
   }
 };
@@ -154,11 +166,7 @@ void* GrowPlainBlock(void* block, std::size_t bytes, std::size_t& grownBytes, st
 
 void FreePlainBlock(void* block, std::size_t bytes, std::size_t used, std::size_t kind) {
   if (!block) return;
-  if (t_spareGone || !t_spare.Keep(block, bytes, kind)) {
-    Release(block, bytes);
-    return;
-  }
-  GiveBackLazily(block, bytes, used);
+  if (t_spareGone || !t_spare.Keep(block, bytes, used, kind)) Release(block, bytes);
 }
 
 const PendingRows::Run& PendingRows::RunOf(std::size_t row) const {
