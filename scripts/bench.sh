@@ -9,7 +9,7 @@ set -euo pipefail
 
 root="$(cd "$(dirname "$0")/.." && pwd)"
 build="${PETRODB_BENCH_BUILD:-$root/build-bench}"
-repetitions=5
+repetitions=7
 if [ "${1:-}" = "--repetitions" ]; then
   repetitions="$2"
   shift 2
