@@ -243,6 +243,25 @@ TEST_F(PostgresTest, ABareTableNameReadsThroughAServerCursor) {
   EXPECT_EQ(db.GetDataFromDB("t_pg"), kRowsFound);  // the failed probe left no aborted transaction
 }
 
+TEST_F(PostgresTest, WideRowsReadThroughAServerCursorInSmallerSlices) {
+  // Rows of about 3 kB: the later slices hold fewer rows than for narrow ones,
+  // and every row still comes once.
+  const std::string wide(3000, 'w');
+  ASSERT_TRUE(SaveRows(1500, [&](CDbManage& db, int i) {
+    db.SetFieldValue("k", wide);
+    db.SetFieldValue("i", i);
+  }));
+  CDbManage db(connection_.c_str());
+  ASSERT_EQ(db.GetDataFromDB("t_pg"), kRowsFound);
+  std::vector<int> seen(1500);
+  std::string k;
+  for (int i = -1; db.Read() && db.GetFieldValue("i", i) && db.GetFieldValue("k", k);) {
+    ++seen.at(i);
+    EXPECT_EQ(k.size(), wide.size());
+  }
+  EXPECT_EQ(std::count(seen.begin(), seen.end(), 1), 1500);
+}
+
 TEST_F(PostgresTest, ServerStyleKeysAndMaskedPasswords) {
   const db::ConnectionString parsed(ServerUnderTest()->connection);
   const std::string sqlServerStyle = "Provider=PostgreSQL;Data Source=" + parsed.Get("Host") + "," + parsed.Get("Port") +

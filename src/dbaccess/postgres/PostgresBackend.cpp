@@ -43,9 +43,14 @@ struct ResultClearer {
 using ResultHandle = std::unique_ptr<PGresult, ResultClearer>;
 
 // Rows of a bare-table read are fetched through a server cursor in slices, so a
-// probe of a big table holds one slice, never the table.
+// probe of a big table holds one slice, never the table. The later slices are
+// as many rows as fit in about 96 kB on the wire (judged from the first slice):
+// a slice that fits in the socket's buffer is sent whole while the reader goes
+// through the one before, where a larger one would make the server wait for it.
 constexpr int kFirstSlice = 64;
-constexpr int kNextSlice = 2048;
+constexpr int kLeastSlice = 256;
+constexpr int kMostSlice = 4096;
+constexpr int kSliceBytes = 96 << 10;
 // Batches at least this long go through COPY; shorter ones through a prepared insert.
 constexpr std::size_t kCopyThreshold = 16;
 // COPY data goes out in pieces this large: small enough to stay in the cache
@@ -257,6 +262,7 @@ class PgCursor final : public Cursor {
 
  private:
   void Adopt(ResultHandle result);
+  int SliceRows() const;
   void End(bool early = false);
   const char* Value(int i) const { return PQgetvalue(result_.get(), row_, i); }
   int Length(int i) const { return PQgetlength(result_.get(), row_, i); }
@@ -268,6 +274,7 @@ class PgCursor final : public Cursor {
   std::string probe_;
   long generation_;
   int slice_ = kFirstSlice;  // rows asked for in the current slice
+  int next_ = kLeastSlice;   // rows to ask for in the next ones
   std::vector<unsigned> types_;
   bool binary_ = true;  // the result's format (text otherwise)
   mutable std::vector<std::string> scratch_;
@@ -533,21 +540,21 @@ class PgConnection final : public Connection {
   bool ProbeOpen(const std::string& name, long generation) const {
     return generation == generation_ && std::find(probes_.begin(), probes_.end(), name) != probes_.end();
   }
-  static std::string FetchText(const std::string& name) {
-    return "fetch " + std::to_string(kNextSlice) + " from " + name;
+  static std::string FetchText(const std::string& name, int rows) {
+    return "fetch " + std::to_string(rows) + " from " + name;
   }
-  ResultHandle FetchSlice(const std::string& name, std::string& error) {
-    ResultHandle r = Statement(FetchText(name), 1, false, error);
+  ResultHandle FetchSlice(const std::string& name, int rows, std::string& error) {
+    ResultHandle r = Statement(FetchText(name, rows), 1, false, error);
     if (r && Failed(r.get())) error = Explain(r.get());
     return r;
   }
   // Asks for a cursor's next slice while its reader works through the current
   // one (when nothing else is on its way back).
-  void FetchAhead(const std::string& name, long generation) {
+  void FetchAhead(const std::string& name, int rows, long generation) {
     if (inFlight_ || !ProbeOpen(name, generation) || !conn_ || PQstatus(conn_.get()) != CONNECTION_OK) return;
     InFlight f{name, {}};
     std::string ignored;
-    if (Send(FetchText(name), 1, false, f.sent, ignored)) inFlight_ = std::move(f);
+    if (Send(FetchText(name, rows), 1, false, f.sent, ignored)) inFlight_ = std::move(f);
   }
   // The slice asked for ahead of a cursor's reader, if there is one (a failed
   // one as null or a failed result, with its error).
@@ -1355,8 +1362,23 @@ void PgCursor::Adopt(ResultHandle result) {
     if (types_[i] == owner_->CitextOid()) types_[i] = pg::kText;
   }
   scratch_.assign(n, std::string());
+  if (!probe_.empty() && slice_ == kFirstSlice && rows_ > 0) next_ = SliceRows();
   // The last slice of a server cursor closes it at once (the rows are here).
   if (rows_ < slice_) End(true);
+}
+
+// Rows of the later slices: as many as fit in kSliceBytes, judged by the first
+// slice's rows (each field costs its length and four bytes, each row seven).
+int PgCursor::SliceRows() const {
+  const PGresult* r = result_.get();
+  const int fields = PQnfields(r);
+  long long bytes = 0;
+  for (int row = 0; row < rows_; ++row) {
+    bytes += 7;
+    for (int i = 0; i < fields; ++i) bytes += 4 + PQgetlength(r, row, i);
+  }
+  const long long perRow = std::max<long long>(1, bytes / rows_);
+  return static_cast<int>(std::clamp<long long>(kSliceBytes / perRow, kLeastSlice, kMostSlice));
 }
 
 bool PgCursor::Next() {
@@ -1364,7 +1386,7 @@ bool PgCursor::Next() {
   if (++row_ < rows_) {
     // A reader that goes on past the first rows will want the next slice.
     if (row_ == kFirstSlice / 4 && slice_ == kFirstSlice && rows_ == kFirstSlice && !probe_.empty())
-      owner_->FetchAhead(probe_, generation_);
+      owner_->FetchAhead(probe_, next_, generation_);
     return true;
   }
   if (probe_.empty() || rows_ < slice_) {
@@ -1381,17 +1403,17 @@ bool PgCursor::Next() {
     probe_.clear();
     return false;
   }
-  if (!ahead) slice = owner_->FetchSlice(probe_, error);
+  if (!ahead) slice = owner_->FetchSlice(probe_, next_, error);
   if (!slice || PQresultStatus(slice.get()) != PGRES_TUPLES_OK) {
     error_ = error.empty() ? "the next rows could not be fetched" : error;
     End();
     rows_ = row_ = 0;
     return false;
   }
-  slice_ = kNextSlice;
+  slice_ = next_;
   Adopt(std::move(slice));
   // The server reads the next slice while this one is gone through.
-  if (!probe_.empty() && rows_ == slice_) owner_->FetchAhead(probe_, generation_);
+  if (!probe_.empty() && rows_ == slice_) owner_->FetchAhead(probe_, next_, generation_);
   return row_ < rows_;
 }
 
