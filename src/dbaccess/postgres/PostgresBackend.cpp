@@ -841,7 +841,7 @@ class PgConnection final : public Connection {
     s.pipeline = true;
     enum class How { Text, Prepare, Prepared };
     struct Command {
-      std::string_view text;
+      const char* text;  // each source is a terminated text that outlives the sending
       int format = 0;
       How how = How::Text;
     };
@@ -851,19 +851,18 @@ class PgConnection final : public Connection {
       commands.push_back({kWriterLock});
     }
     if (s.guard) commands.push_back({"savepoint petrodb_statement"});
-    if (!s.preparing.empty()) commands.push_back({text, 0, How::Prepare});
+    if (!s.preparing.empty()) commands.push_back({text.c_str(), 0, How::Prepare});
     s.mineAt = commands.size();
-    commands.push_back({text, format, s.prepared.empty() ? How::Text : How::Prepared});
+    commands.push_back({text.c_str(), format, s.prepared.empty() ? How::Text : How::Prepared});
     if (s.guard) commands.push_back({"release savepoint petrodb_statement"});
     s.commands = commands.size();
     bool sent = true;
     for (const Command& k : commands) {
-      const std::string command(k.text);
       if (!sent) break;
       if (k.how == How::Text)
-        sent = PQsendQueryParams(c, command.c_str(), 0, nullptr, nullptr, nullptr, nullptr, k.format);
+        sent = PQsendQueryParams(c, k.text, 0, nullptr, nullptr, nullptr, nullptr, k.format);
       else if (k.how == How::Prepare)
-        sent = PQsendPrepare(c, s.prepared.c_str(), command.c_str(), 0, nullptr);
+        sent = PQsendPrepare(c, s.prepared.c_str(), k.text, 0, nullptr);
       else
         sent = PQsendQueryPrepared(c, s.prepared.c_str(), 0, nullptr, nullptr, nullptr, k.format);
     }
