@@ -80,7 +80,16 @@ TEST_F(MarkerDataTest, LoadsByNameCrossProjectsAndOtherSourcesAreNeverReadOrDele
   ASSERT_TRUE(markers_->SaveMarkers(0, {Tops("W1"), Tops("W2")}));
   std::vector<MarkerRecord> records;
   ASSERT_TRUE(markers_->LoadMarkersOfWells({"W1", "W2"}, "Ng", records));
-  EXPECT_EQ(records.size(), 2u);
+  ASSERT_EQ(records.size(), 2u);
+  // The interval alone: the derived values stay unset though they are stored.
+  for (const auto& ng : records) {
+    EXPECT_EQ(ng.MarkerName + "/" + ng.Description, "Ng/sand") << ng.WellID;
+    EXPECT_EQ(ng.TopMD, 500);
+    EXPECT_EQ(ng.BottomMD, 1000);
+    for (double v : {ng.TopTVD, ng.XCoor, ng.Thickness}) EXPECT_EQ(v, kNullDepth);
+    EXPECT_TRUE(ng.SubmitTime.empty());
+  }
+  EXPECT_NE(records[0].WellID, records[1].WellID);
 
   // Loading by name lets any project with a well see every marker.
   ASSERT_TRUE(markers_->LoadMarkersByName("Ng", "Q", records));

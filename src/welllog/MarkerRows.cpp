@@ -26,24 +26,25 @@ const ColumnTable<MarkerRow> kColumns{"w_marker", {
     Col<M, DateTime>("SubmitTime", &M::Stamp).WriteOnly(),
 }};
 
+// The interval alone: the stored table's leading read columns, with the same
+// required ones, so a row reads (or fails) as it would in full.
+const ColumnTable<MarkerRecord> kIntervalColumns{"w_marker", {
+    Col<MarkerRecord, Text>("WellID", &MarkerRecord::WellID),
+    Col<MarkerRecord, Text>("MarkerName", &MarkerRecord::MarkerName),
+    Col<MarkerRecord, Text>("Description", &MarkerRecord::Description).Or(Text()),
+    Col<MarkerRecord, double>("TopMD", &MarkerRecord::TopMD),
+    Col<MarkerRecord, double>("BottomMD", &MarkerRecord::BottomMD),
+}};
+
 bool ReadStored(const CDbManage& db, MarkerRecord& record) {
   MarkerRow row;
   const bool ok = kColumns.Read(db, row);
-  record = row;
+  record = std::move(static_cast<MarkerRecord&>(row));
   if (record.TopMD != kNullDepth && record.BottomMD != kNullDepth) record.Thickness = record.BottomMD - record.TopMD;
   return ok;
 }
 
-bool ReadInterval(const CDbManage& db, MarkerRecord& record) {
-  MarkerRecord stored;
-  const bool ok = ReadStored(db, stored);
-  record.WellID = stored.WellID;
-  record.MarkerName = stored.MarkerName;
-  record.TopMD = stored.TopMD;
-  record.BottomMD = stored.BottomMD;
-  record.Description = stored.Description;
-  return ok;
-}
+bool ReadInterval(const CDbManage& db, MarkerRecord& record) { return kIntervalColumns.Read(db, record); }
 
 void Write(CDbManage& db, const std::string& source, const std::string& wellID, const MarkerRecord& record,
            const DateTime& stamp) {
