@@ -85,7 +85,9 @@ class CNode final : public CDataObject<INode> {
   bool SaveNodes(const char* network, const std::vector<NodeRecord>& records) override {
     if (!KeyGiven(network, kEmptyNetwork)) return false;
     return Append(kTable, [&](CDbManage& db) {
-      for (NodeRecord node : records) {
+      NodeRecord node;  // one scratch row: assigning into it reuses its texts' memory
+      for (const NodeRecord& record : records) {
+        node = record;
         node.PipenetName = network;
         kNodeColumns.AddRow(db, node);
       }
