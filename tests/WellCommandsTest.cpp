@@ -74,8 +74,9 @@ TEST_F(WellCommandsTest, BadCellsNameTheirLineAndColumnAndImportNothing) {
       {"WellID,Depth\nA-1,1\n", "line 1, column 2: \"Depth\" is not a column of a well"},
       {"WellName\nx\n", "line 1: the header has no WellID column"},
       {"WellID,Kb\nA-1,1,2\n", "line 2, column 3: more cells than the header has"},
-      {"WellID,Kb\n,1\n", "line 2, column WellID: \"\" is not a well ID (not empty)"},
+      {"WellID,Kb\n,1\n", "line 2, column WellID: \"\" is not a well ID (not empty, without a single quote)"},
       {"WellID,WellName\nA-1,\"open\n", "line 2: a quoted field is not closed"},
+      {"WellID,Kb\nA-1,1\nB'2,1\n", "line 3, column WellID: \"B'2\" is not a well ID (not empty, without a single quote)"},
   };
   for (const auto& c : cases) ExpectSays("wells import " + file_ + " P1 " + Csv("bad.csv", c.text), 1, c.error);
   ExpectSays("wells import " + file_ + " P1 " + dir_.string(), 1, dir_.string() + ": a directory, not a CSV file");

@@ -159,6 +159,8 @@ TEST_F(WellDataTest, NameListsFallBackToTheID) {
 TEST_F(WellDataTest, AQuotedWellIDIsNeverWritten) {
   EXPECT_FALSE(wells_->ReplaceWell("P1", Well("W'1")));
   EXPECT_FALSE(wells_->SaveWell("P1", Well("W'2")));
+  EXPECT_NE(LastError().find("a value holding a single quote or a NUL byte is never sent"), std::string::npos)
+      << LastError();
   EXPECT_FALSE(wells_->SaveWell("P'1", Well("W3")));
   EXPECT_TRUE(Query("select WellID from w_well_data").empty());
   EXPECT_TRUE(sql_.texts("SaveData").empty());

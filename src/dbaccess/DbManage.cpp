@@ -25,6 +25,11 @@ using petrodb::db::Group;
 
 namespace {
 
+// Why an empty text cannot run; the usual cause is a value the statement
+// refused to carry.
+constexpr const char* kEmptyStatement =
+    "the statement is empty (a value holding a single quote or a NUL byte is never sent)";
+
 // A bare table name reads the whole table: no blanks, identifier characters only.
 bool IsBareTableName(const std::string& text) {
   if (text.empty()) return false;
@@ -400,7 +405,7 @@ GetDataResult CDbManage::GetDataFromDB(const char* statement, bool binary) {
   const std::string text = statement ? statement : "";
   std::string error;
   if (!impl_->conn) error = impl_->group->openError;
-  else if (text.empty()) error = "empty statement";
+  else if (text.empty()) error = kEmptyStatement;
   else if (HasEmptyValueList(text)) error = "an empty value list \"in ()\" cannot run";
   if (!error.empty()) {
     impl_->Failed(error);
@@ -537,7 +542,7 @@ bool CDbManage::ExecuteSQL(const char* statement) {
   const std::string text = statement ? statement : "";
   std::string error;
   if (!impl_->conn) error = impl_->group->openError;
-  else if (text.empty()) error = "empty statement";
+  else if (text.empty()) error = kEmptyStatement;
   else if (HasEmptyValueList(text)) error = "an empty value list \"in ()\" cannot run";
   if (!error.empty()) {
     impl_->Failed(error);

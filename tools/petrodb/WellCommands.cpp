@@ -31,7 +31,12 @@ using WellSetter = bool (*)(WellRecord&, const std::string&);
 // The columns of a well record a CSV file may name; WellID is required.
 const std::map<std::string, WellSetter, std::less<>>& WellColumns() {
   static const std::map<std::string, WellSetter, std::less<>> columns = {
-      {"WellID", [](WellRecord& w, const std::string& v) { w.WellID = v; return !v.empty(); }},
+      // A key is spliced into statements between quotes: one holding a quote cannot be stored.
+      {"WellID",
+       [](WellRecord& w, const std::string& v) {
+         w.WellID = v;
+         return !v.empty() && v.find('\'') == std::string::npos;
+       }},
       {"WellName", [](WellRecord& w, const std::string& v) { w.WellName = v; return true; }},
       {"WellType", [](WellRecord& w, const std::string& v) { w.WellType = v; return true; }},
       {"Well_SN", [](WellRecord& w, const std::string& v) { return v.empty() || Number(v, w.Well_SN); }},
@@ -58,7 +63,7 @@ const std::map<std::string, WellSetter, std::less<>>& WellColumns() {
 }
 
 const char* Expected(const std::string& column) {
-  if (column == "WellID") return "a well ID (not empty)";
+  if (column == "WellID") return "a well ID (not empty, without a single quote)";
   if (column == "WellFlag") return "one character";
   if (column == "WellSymbol") return "a whole number";
   return "a number";
