@@ -105,6 +105,9 @@ TEST_F(NetworkCommandsTest, UnknownNetworksAndUnreadableHeadersAreReported) {
   SaveNetworks();
   EXPECT_EQ(RunPetrodb("network show " + file_ + " 北区").output,
             "petrodb: no network \"北区\" in " + file_ + " (its networks: 东区, 西区)\n");
+  // A name holding a quote, which no statement carries, is one more name that is not there.
+  EXPECT_EQ(RunPetrodb("network show " + file_ + " \"东'区\"").output,
+            "petrodb: no network \"东'区\" in " + file_ + " (its networks: 东区, 西区)\n");
 
   // A header that cannot be read fails the command rather than dropping a
   // network, the first of the list (where the load stops with nothing) or a later one.

@@ -359,9 +359,10 @@ TEST_F(ResultsCommandTest, PrintsACaseAsTablesAndAsCsv) {
             "section,pipe,type,station,PipeQ,velocity m/s,Detap,Kf,Deltpow\n"
             "pipe,P1,注水干线,,1200,1.768,0,0,0\n");
 
-  const auto missing = RunPetrodb("results " + file_ + " c9");
-  EXPECT_NE(missing.output.find("petrodb: no case \"c9\" in " + file_ + " (its cases: c1)"), std::string::npos)
-      << missing.output;
+  for (const std::string name : {"c9", "c'1"}) {
+    const auto missing = RunPetrodb("results " + file_ + " \"" + name + "\"");
+    EXPECT_EQ(missing.output, "petrodb: no case \"" + name + "\" in " + file_ + " (its cases: c1)\n");
+  }
   EXPECT_EQ(RunPetrodb("results " + file_ + " c1 --tsv").code, 2);
 }
 

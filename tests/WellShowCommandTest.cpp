@@ -39,6 +39,7 @@ TEST_F(WellShowCommandTest, ShowsEachSubsystemsRecordsOfTheWell) {
   const CliRun unknown = RunPetrodb("well show '" + file_ + "' W9");
   EXPECT_EQ(unknown.code, 1);
   EXPECT_NE(unknown.output.find("petrodb: no well \"W9\" in " + file_), std::string::npos) << unknown.output;
+  EXPECT_EQ(RunPetrodb("well show '" + file_ + "' \"W'1\"").output, "petrodb: no well \"W'1\" in " + file_ + "\n");
 }
 
 }  // namespace

@@ -6,11 +6,10 @@
 #include <limits>
 
 namespace petrodb::sql {
+bool HoldsQuote(std::string_view value) { return value.find_first_of(std::string_view("'\0", 2)) != std::string_view::npos; }
+
 namespace {
 
-// A quote would end the literal a value stands in; a NUL would cut the text
-// short where it is handed on as a C string.
-bool HoldsQuote(std::string_view value) { return value.find_first_of(std::string_view("'\0", 2)) != std::string_view::npos; }
 bool HoldsNul(std::string_view value) { return value.find('\0') != std::string_view::npos; }
 
 void Pad(std::string& out, std::string_view body, int width, bool left, bool zero) {

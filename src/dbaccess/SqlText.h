@@ -86,6 +86,12 @@ bool EqualsIgnoreCase(std::string_view a, std::string_view b);
 // Replaces the first occurrence of `from` in `text` (no change when absent).
 std::string ReplaceFirst(std::string text, std::string_view from, std::string_view to);
 
+// True when the value holds a single quote or a NUL: no statement carries it
+// between quotes, so no key or name stored through one can be it. (A quote would
+// end the literal the value stands in; a NUL would cut the text short where it
+// is handed on as a C string.)
+bool HoldsQuote(std::string_view value);
+
 // Locale-independent conversions shared by the session and the data classes.
 // The shortest text that reads back as the same double.
 std::string ShortestText(double value);

@@ -1,4 +1,5 @@
 #include "Command.h"
+#include "dbaccess/SqlText.h"
 #include "petrodb/Host.h"
 #include "petrodb/project/IBasicProjectData.h"
 #include "petrodb/project/IBasicWellData.h"
@@ -230,6 +231,13 @@ std::string EngineError() { return LastError(); }
 
 void PrintFailure(const std::string& text) {
   const std::string reason = EngineError();
+  PrintError(reason.empty() ? text : text + ": " + reason);
+}
+
+std::string LookupError(const std::string& name) { return sql::HoldsQuote(name) ? std::string() : EngineError(); }
+
+void PrintNotFound(const std::string& text, const std::string& name) {
+  const std::string reason = LookupError(name);
   PrintError(reason.empty() ? text : text + ": " + reason);
 }
 

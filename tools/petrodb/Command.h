@@ -103,5 +103,10 @@ std::string EngineError();
 // PrintError for an operation of the library that failed: the text, then the
 // engine's reason when it gave one.
 void PrintFailure(const std::string& text);
+// After a lookup of `name` found nothing: the engine's reason, or "" when it gave
+// none or the name holds a quote or a NUL (no record can have it; nothing was asked).
+std::string LookupError(const std::string& name);
+// PrintError for a lookup of `name` that found nothing, with LookupError's reason.
+void PrintNotFound(const std::string& text, const std::string& name);
 
 }  // namespace petrodb::cli

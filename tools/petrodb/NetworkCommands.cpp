@@ -221,7 +221,7 @@ int NetworkShow(const std::vector<std::string>& args) {
   Objects o = Open(file);
   Network network;
   if (!o.networks->PipenetExists(name.c_str())) {
-    if (!EngineError().empty()) {
+    if (!LookupError(name).empty()) {
       PrintFailure("cannot read the networks of " + file);
       return kFailed;
     }

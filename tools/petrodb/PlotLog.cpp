@@ -147,7 +147,7 @@ int DrawLogPlot(IDataFactory& factory, const LogPlotRequest& request) {
   const std::string& wellID = request.wellID;
   WellRecord well;
   if (!Create<IBasicWellData>(factory, "IBasicWellData")->LoadWell(wellID.c_str(), well)) {
-    PrintFailure("no well \"" + wellID + "\" in " + request.file + " (see petrodb wells list)");
+    PrintNotFound("no well \"" + wellID + "\" in " + request.file + " (see petrodb wells list)", wellID);
     return kFailed;
   }
   // The well's curves, without the depth curves that index them.

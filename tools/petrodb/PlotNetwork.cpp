@@ -76,7 +76,7 @@ int DrawNetworkPlot(IDataFactory& factory, const std::string& file, const std::s
                     const std::string& caseName, const std::string& out) {
   auto networks = Create<IPipenet>(factory, "IPipenet");
   if (!networks->PipenetExists(network.c_str())) {
-    if (!EngineError().empty()) {
+    if (!LookupError(network).empty()) {
       PrintFailure("cannot read the networks of " + file);
       return kFailed;
     }

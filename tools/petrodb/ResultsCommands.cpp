@@ -251,7 +251,7 @@ int Results(const std::vector<std::string>& args) {
   FactoryPtr factory = MakeFactory(ProjectConnection(file));
   auto cases = Create<IProject>(*factory, "IProject");
   if (!cases->CaseExists(caseName.c_str())) {
-    if (!EngineError().empty()) {
+    if (!LookupError(caseName).empty()) {
       PrintFailure("cannot read the cases of " + file);
       return kFailed;
     }

@@ -129,7 +129,7 @@ int WellShow(const std::vector<std::string>& args) {
   auto factory = MakeFactory(ProjectConnection(file));
   WellRecord well;
   if (!Create<IBasicWellData>(*factory, "IBasicWellData")->LoadWell(wellID.c_str(), well)) {
-    PrintFailure("no well \"" + wellID + "\" in " + file);
+    PrintNotFound("no well \"" + wellID + "\" in " + file, wellID);
     return kFailed;
   }
   std::printf("well %s%s%s\n", well.WellID.c_str(), well.WellName.empty() ? "" : "  ", well.WellName.c_str());
