@@ -10,6 +10,7 @@
 // otherwise leave the row out silently.
 #include <algorithm>
 #include <charconv>
+#include <chrono>
 #include <cstdio>
 #include <map>
 #include <optional>
@@ -137,11 +138,18 @@ int ProductionUsage() {
   return kUsage;
 }
 
+// A day of the calendar (a month alone, day 0, always is).
+bool OnTheCalendar(const Day& d) {
+  using namespace std::chrono;
+  return d.day == 0 || year_month_day(year(d.year), month(d.month), day(d.day)).ok();
+}
+
 // --from and --to: a day or a month; a month bounds by its first or last day.
 bool ParseBound(const Options& options, const char* name, std::optional<Day>& bound) {
   const std::string* text = options.Get(name);
   if (!text) return true;
   bound = ParseDay(*text);
+  if (bound && !OnTheCalendar(*bound)) bound.reset();
   if (!bound) PrintError("--" + std::string(name) + " \"" + *text + "\" is not a date (YYYY-MM-DD or YYYY-MM)");
   return bound.has_value();
 }
