@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <bit>
 #include <cerrno>
 #include <chrono>
@@ -143,17 +144,19 @@ class SqliteCursor final : public Cursor {
   }
   std::string Error() const override { return error_; }
   int ColumnCount() const override {
-    return names_.empty() ? sqlite3_column_count(stmt_) : static_cast<int>(names_.size());
+    if (count_ < 0) count_ = sqlite3_column_count(stmt_);
+    return count_;
   }
-  // Names are looked up for every field read; they stay put while the statement lives.
+  // Names are looked up for every field read; they stay put while the statement
+  // lives. Those of the first columns are kept in place, without an allocation.
   std::string_view ColumnName(int i) const override {
-    if (names_.empty()) names_.resize(sqlite3_column_count(stmt_));
-    if (i < 0 || i >= static_cast<int>(names_.size())) return {};
-    if (!names_[i].data()) {
-      const char* name = sqlite3_column_name(stmt_, i);
-      names_[i] = name ? std::string_view(name) : std::string_view("", 0);
+    if (i < 0 || i >= ColumnCount()) return {};
+    std::string_view& name = i < kNamesInPlace ? firstNames_[i] : LaterName(i);
+    if (!name.data()) {
+      const char* text = sqlite3_column_name(stmt_, i);
+      name = text ? std::string_view(text) : std::string_view("", 0);
     }
-    return names_[i];
+    return name;
   }
   CellKind Kind(int i) const override {
     switch (sqlite3_column_type(stmt_, i)) {
@@ -218,7 +221,15 @@ class SqliteCursor final : public Cursor {
   bool onRow_;
   const std::string* path_;
   std::string error_;
-  mutable std::vector<std::string_view> names_;
+  static constexpr int kNamesInPlace = 24;
+  mutable int count_ = -1;
+  mutable std::array<std::string_view, kNamesInPlace> firstNames_{};
+  mutable std::vector<std::string_view> laterNames_;
+
+  std::string_view& LaterName(int i) const {
+    if (laterNames_.empty()) laterNames_.resize(count_ - kNamesInPlace);
+    return laterNames_[i - kNamesInPlace];
+  }
 };
 
 class SqliteConnection final : public Connection {
