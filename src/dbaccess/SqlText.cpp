@@ -6,7 +6,9 @@
 #include <limits>
 
 namespace petrodb::sql {
-bool HoldsQuote(std::string_view value) { return value.find_first_of(std::string_view("'\0", 2)) != std::string_view::npos; }
+bool HoldsQuote(std::string_view value) {
+  return value.find_first_of(std::string_view("'\0", 2)) != std::string_view::npos;
+}
 
 namespace {
 
