@@ -62,8 +62,8 @@ TEST_F(LasCommandsTest, InputsThatAreNoLasFileFailWithTheirName) {
   const struct {
     std::string arguments, error;
   } cases[] = {
-      {"W1 " + dir_.string(), "petrodb: " + dir_.string() + ": " + dir_.string() + " is a directory, not a LAS file"},
-      {"W1 " + missing, "cannot open " + missing + ": No such file"},
+      {"W1 " + dir_.string(), "petrodb: " + dir_.string() + ": a directory, not a LAS file"},
+      {"W1 " + missing, "petrodb: " + missing + ": cannot read the file (No such file"},
       {"W1 " + text, "petrodb: " + text + ": not a LAS file (no ~V or ~A section)"},
       {"W1 " + zero, "zero-samples.las: no samples (the data section holds no depth step); nothing imported"},
       {"W9 " + text, "petrodb: no well \"W9\" in " + file_},  // a mistyped well is named first

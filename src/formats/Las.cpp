@@ -749,12 +749,12 @@ bool Read(std::istream& in, File& file, std::string& error, const Progress& prog
 bool ReadFile(const std::string& path, File& file, std::string& error, const Progress& progress) {
   std::error_code ec;
   if (std::filesystem::is_directory(path, ec)) {
-    error = path + " is a directory, not a LAS file";
+    error = "a directory, not a LAS file";
     return false;
   }
   std::ifstream in(path, std::ios::binary);
   if (!in) {
-    error = "cannot open " + path + ": " + std::strerror(errno);
+    error = std::string("cannot read the file (") + std::strerror(errno) + ")";
     return false;
   }
   return Read(in, file, error, progress);

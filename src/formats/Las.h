@@ -95,6 +95,7 @@ using Progress = std::function<void(std::uint64_t done, std::uint64_t total)>;
 // Reads a whole file; false with `error` set when it is not LAS or cannot be
 // read without guessing.
 bool Read(std::istream& in, File& file, std::string& error, const Progress& progress = {});
+// The errors do not name the file: the caller does, as for those of Read.
 bool ReadFile(const std::string& path, File& file, std::string& error, const Progress& progress = {});
 
 // Writes LAS 2.0, unwrapped. STRT, STOP, STEP and NULL are computed from the
