@@ -54,6 +54,10 @@ TEST_F(ProjectCommandsTest, BadInputGivesUsageOrFailureCodes) {
   EXPECT_EQ(RunPetrodb("new " + dir_.string() + " X --extent 1,2,3").code, 2);
   EXPECT_EQ(RunPetrodb("new " + dir_.string() + " X --colour red").code, 2);
   EXPECT_EQ(RunPetrodb("new " + (dir_ / "missing").string() + " X").code, 1);
+  const CliRun server = RunPetrodb("server-create garbage demo");
+  EXPECT_EQ(server.code, 1);
+  EXPECT_EQ(server.output,
+            "petrodb: cannot create database demo: no database backend accepts the connection string \"garbage\"\n");
   EXPECT_EQ(RunPetrodb("--help").code, 0);
   EXPECT_EQ(RunPetrodb("new --help").code, 0);
 }

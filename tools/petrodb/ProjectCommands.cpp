@@ -107,7 +107,10 @@ int ServerCreate(const std::vector<std::string>& args) {
   auto factory = MakeFactory(server);
   auto projects = Create<IBasicProjectData>(*factory, "IBasicProjectData");
   if (!projects->CreateProjectDatabase(name.c_str(), server.c_str())) {
-    PrintFailure("database " + name + " exists on the server already or could not be created");
+    // Without an engine's reason the server answered, and it has the database.
+    const std::string reason = EngineError();
+    PrintError(reason.empty() ? "database " + name + " exists on the server already"
+                              : "cannot create database " + name + ": " + reason);
     return kFailed;
   }
   std::printf("created database %s\n", name.c_str());
