@@ -206,6 +206,12 @@ TEST_F(LasCommandsTest, ExportSkipsNamesALasFileCannotCarryAndCleansDictionaryTe
             std::string::npos)
       << run.output;
   EXPECT_FALSE(fs::exists(out + "2"));
+
+  // A curve asked for that the well lacks fails the export; names match ignoring case.
+  const CliRun missing = RunPetrodb("las export " + file_ + " W3 gr XX --out " + out + "3");
+  EXPECT_EQ(missing.code, 1);
+  EXPECT_EQ(missing.output, "petrodb: no curve \"XX\" in well W3 (its curves: D.EPTH, GR)\n");
+  EXPECT_FALSE(fs::exists(out + "3"));
 }
 
 }  // namespace

@@ -250,6 +250,21 @@ std::string Listed(const std::vector<std::string>& names, std::size_t most) {
 }
 }  // namespace
 
+bool HasCurves(const std::string& wellID, const std::vector<std::string>& wanted,
+               const std::vector<std::string>& known) {
+  for (const auto& name : wanted) {
+    const auto same = [&](const std::string& k) { return sql::EqualsIgnoreCase(k, name); };
+    if (std::any_of(known.begin(), known.end(), same)) continue;
+    PrintError("no curve \"" + name + "\" in well " + wellID +
+               (known.empty() ? " (it has no curves)" : " (its curves: " + Listed(known, 20) + ")"));
+    return false;
+  }
+  return true;
+}
+
+namespace {
+}  // namespace
+
 bool CheckProjectName(IDataFactory& factory, const std::string& file, const std::string& project) {
   auto projects = Create<IBasicProjectData>(factory, "IBasicProjectData");
   std::vector<std::string> names;

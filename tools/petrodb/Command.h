@@ -108,5 +108,10 @@ void PrintFailure(const std::string& text);
 std::string LookupError(const std::string& name);
 // PrintError for a lookup of `name` that found nothing, with LookupError's reason.
 void PrintNotFound(const std::string& text, const std::string& name);
+// True when every curve of `wanted` is one of the well's `known` curves (names
+// compare ignoring case, as the project does); otherwise says which is not,
+// listing the known ones.
+bool HasCurves(const std::string& wellID, const std::vector<std::string>& wanted,
+               const std::vector<std::string>& known);
 
 }  // namespace petrodb::cli

@@ -202,6 +202,12 @@ int LasExport(const std::vector<std::string>& args) {
   if (!CheckProjectFile(file)) return kFailed;
   auto factory = MakeFactory(ProjectConnection(file));
   auto logs = Create<ILogData>(*factory, "ILogData");
+  if (!names.empty()) {
+    // A curve asked for that the well lacks is said, not left out of the file.
+    std::vector<std::string> curves, depths;
+    logs->GetCurveAndDepthNames(wellID.c_str(), curves, depths);
+    if (!HasCurves(wellID, names, curves)) return kFailed;
+  }
   WellLog log;
   if (!(names.empty() ? logs->LoadWellLog(wellID.c_str(), log) : logs->LoadCurves(wellID.c_str(), names, log))) {
     if (!EngineError().empty())

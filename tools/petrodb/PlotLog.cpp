@@ -134,13 +134,6 @@ Marks LoadMarks(IDataFactory& factory, const std::string& wellID) {
   return marks;
 }
 
-std::string Listed(const std::vector<std::string>& names) {
-  std::string list;
-  for (std::size_t i = 0; i < names.size() && i < 20; ++i) list += (i ? ", " : "") + names[i];
-  if (names.size() > 20) list += ", ...";
-  return list;
-}
-
 }  // namespace
 
 int DrawLogPlot(IDataFactory& factory, const LogPlotRequest& request) {
@@ -158,12 +151,7 @@ int DrawLogPlot(IDataFactory& factory, const LogPlotRequest& request) {
   for (const auto& n : names)
     if (!depthSet.count(n)) available.push_back(n);
   std::vector<std::string> wanted = request.curves.empty() ? available : request.curves;
-  for (const auto& n : request.curves)
-    if (std::find(available.begin(), available.end(), n) == available.end()) {
-      PrintError("no curve \"" + n + "\" in well " + wellID +
-                 (available.empty() ? " (it has no curves)" : " (its curves: " + Listed(available) + ")"));
-      return kFailed;
-    }
+  if (!HasCurves(wellID, request.curves, available)) return kFailed;
   WellLog log;
   if (!wanted.empty() && !logs->LoadCurves(wellID.c_str(), wanted, log)) {
     PrintFailure("cannot read the curves of well " + wellID);
