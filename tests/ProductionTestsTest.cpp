@@ -273,9 +273,12 @@ TEST_F(ProductionCommandTest, UnknownWellsBadDatesAndBadRowsAreErrors) {
   CliRun run = Run(" W9");
   EXPECT_EQ(run.code, 1);
   EXPECT_NE(run.output.find("petrodb: no well \"W9\""), std::string::npos) << run.output;
-  for (const char* usage : {" W1 --from 2024-13", " W1 --to 2023-02-29", " W1 --every 2", ""})
+  for (const char* usage : {" W1 --from 2024-13", " W1 --to 2023-02-29", " W1 --from 2024-02-02 --to 2024-02-01",
+                            " W1 --every 2", ""})
     EXPECT_EQ(Run(usage).code, 2) << usage;
-  EXPECT_EQ(Run(" W1 --from 2024-02-29 --to 2024-02-29").code, 0);
+  for (const char* one : {" W1 --from 2024-02-29 --to 2024-02-29", " W1 --from 2024-02 --to 2024-02-01"})
+    EXPECT_EQ(Run(one).code, 0) << one;
+  EXPECT_EQ(Run(" W1 --from 2024-03 --to 2024-02").output, "petrodb: the range 2024-03 to 2024-02 is empty\n");
   ProductionRecord spring;
   spring.ProductTime = "spring";
   ASSERT_TRUE(Make<IProductionData>("IProductionData")->SaveWellProduction({"W1", {spring}}));

@@ -168,6 +168,11 @@ int Production(const std::vector<std::string>& args) {
   const bool csv = options.Has("csv");
   std::optional<Day> from, to;
   if (!ParseBound(options, "from", from) || !ParseBound(options, "to", to)) return kUsage;
+  // A month bounds from its first day and to its last.
+  if (from && to && from->Month() * 100 + std::max(from->day, 1) > to->Month() * 100 + (to->day ? to->day : 31)) {
+    PrintError("the range " + *options.Get("from") + " to " + *options.Get("to") + " is empty");
+    return kUsage;
+  }
   const std::string &file = options.positional[0], &wellID = options.positional[1];
 
   if (!CheckProjectFile(file)) return kFailed;
