@@ -18,6 +18,7 @@
 // Every table registers itself, so a test can hold each declaration against the
 // schema: the column exists in the named table (or in the table a view names)
 // with a type the member can hold.
+#include <algorithm>
 #include <cstddef>
 #include <functional>
 #include <new>
@@ -307,19 +308,17 @@ class ColumnTable {
     ColumnTableInfo info{table_, {}};
     for (const auto& c : columns_) info.columns.push_back({c.name, c.kind, c.written});
     RegisterColumnTable(std::move(info));
-    for (std::size_t i = 0; i < columns_.size(); ++i) {
-      const auto& c = columns_[i];
-      if (c.read) {
-        readNames_.push_back(c.name);
-        readsCells_ = readsCells_ && c.get.ReadsCells();
-      }
-      if (c.written) {
-        for (const char* other : writeNames_) writesCells_ = writesCells_ && !sql::EqualsIgnoreCase(other, c.name);
-        writeNames_.push_back(c.name);
-        written_.push_back(i);
-        writesCells_ = writesCells_ && c.set.WritesCells();
-      }
+    Index();
+  }
+
+  // The read columns of `whole` that `names` name, in its order: a reader that
+  // wants part of a row fetches no more of it.
+  ColumnTable(const ColumnTable& whole, std::initializer_list<const char*> names) : table_(whole.table_) {
+    for (const auto& c : whole.columns_) {
+      const auto named = [&](const char* n) { return sql::EqualsIgnoreCase(n, c.name); };
+      if (c.read && std::any_of(names.begin(), names.end(), named)) columns_.push_back(c);
     }
+    Index();
   }
 
   const char* table() const { return table_; }
@@ -376,6 +375,23 @@ class ColumnTable {
   }
 
  private:
+  // The read and written names, and whether whole rows go through cells.
+  void Index() {
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+      const auto& c = columns_[i];
+      if (c.read) {
+        readNames_.push_back(c.name);
+        readsCells_ = readsCells_ && c.get.ReadsCells();
+      }
+      if (c.written) {
+        for (const char* other : writeNames_) writesCells_ = writesCells_ && !sql::EqualsIgnoreCase(other, c.name);
+        writeNames_.push_back(c.name);
+        written_.push_back(i);
+        writesCells_ = writesCells_ && c.set.WritesCells();
+      }
+    }
+  }
+
   const char* table_;
   std::vector<Column<Record>> columns_;
   std::vector<const char*> readNames_;  // of the read columns, in order
@@ -392,7 +408,7 @@ auto ReadAs(const ColumnTable<Row>& columns) {
   return [&columns](const CDbManage& db, Record& out) {
     Row row;
     const bool ok = columns.Read(db, row);
-    out = static_cast<const Record&>(row);
+    out = static_cast<Record&&>(row);
     return ok;
   };
 }

@@ -303,6 +303,14 @@ struct CDbManage::Impl {
     return -1;
   }
 
+  // Why a statement cannot be sent at all; "" when it can.
+  std::string Unsendable(const std::string& text) const {
+    if (!conn) return group->openError;
+    if (text.empty()) return kEmptyStatement;
+    if (HasEmptyValueList(text)) return "an empty value list \"in ()\" cannot run";
+    return {};
+  }
+
   // The current row's field of the column (Null when there is no row or no such column).
   FieldCell Field(const char* name) const {
     FieldCell cell;
@@ -403,10 +411,7 @@ GetDataResult CDbManage::GetDataFromDB(const char* statement, bool binary) {
   Stopwatch watch;
   impl_->CloseCursor();
   const std::string text = statement ? statement : "";
-  std::string error;
-  if (!impl_->conn) error = impl_->group->openError;
-  else if (text.empty()) error = kEmptyStatement;
-  else if (HasEmptyValueList(text)) error = "an empty value list \"in ()\" cannot run";
+  std::string error = impl_->Unsendable(text);
   if (!error.empty()) {
     impl_->Failed(error);
     Trace(watch, text, text, "GetDataFromDB", kFailed, error);
@@ -540,10 +545,7 @@ bool CDbManage::ExecuteSQL(const char* statement) {
   Stopwatch watch;
   impl_->CloseCursor();
   const std::string text = statement ? statement : "";
-  std::string error;
-  if (!impl_->conn) error = impl_->group->openError;
-  else if (text.empty()) error = kEmptyStatement;
-  else if (HasEmptyValueList(text)) error = "an empty value list \"in ()\" cannot run";
+  std::string error = impl_->Unsendable(text);
   if (!error.empty()) {
     impl_->Failed(error);
     Trace(watch, text, text, "ExecuteSQL", 0, error);

@@ -26,25 +26,19 @@ const ColumnTable<MarkerRow> kColumns{"w_marker", {
     Col<M, DateTime>("SubmitTime", &M::Stamp).WriteOnly(),
 }};
 
-// The interval alone: the stored table's leading read columns, with the same
-// required ones, so a row reads (or fails) as it would in full.
-const ColumnTable<MarkerRecord> kIntervalColumns{"w_marker", {
-    Col<MarkerRecord, Text>("WellID", &MarkerRecord::WellID),
-    Col<MarkerRecord, Text>("MarkerName", &MarkerRecord::MarkerName),
-    Col<MarkerRecord, Text>("Description", &MarkerRecord::Description).Or(Text()),
-    Col<MarkerRecord, double>("TopMD", &MarkerRecord::TopMD),
-    Col<MarkerRecord, double>("BottomMD", &MarkerRecord::BottomMD),
-}};
+// The interval alone: the leading read columns, the same required ones among
+// them, so a row reads (or fails) as it would in full.
+const ColumnTable<MarkerRow> kIntervalColumns(kColumns, {"WellID", "MarkerName", "Description", "TopMD", "BottomMD"});
 
 bool ReadStored(const CDbManage& db, MarkerRecord& record) {
-  MarkerRow row;
-  const bool ok = kColumns.Read(db, row);
-  record = std::move(static_cast<MarkerRecord&>(row));
+  const bool ok = ReadAs<MarkerRecord>(kColumns)(db, record);
   if (record.TopMD != kNullDepth && record.BottomMD != kNullDepth) record.Thickness = record.BottomMD - record.TopMD;
   return ok;
 }
 
-bool ReadInterval(const CDbManage& db, MarkerRecord& record) { return kIntervalColumns.Read(db, record); }
+bool ReadInterval(const CDbManage& db, MarkerRecord& record) {
+  return ReadAs<MarkerRecord>(kIntervalColumns)(db, record);
+}
 
 void Write(CDbManage& db, const std::string& source, const std::string& wellID, const MarkerRecord& record,
            const DateTime& stamp) {

@@ -229,19 +229,12 @@ void PrintError(const std::string& text) { std::fprintf(stderr, "petrodb: %s\n",
 
 std::string EngineError() { return LastError(); }
 
-void PrintFailure(const std::string& text) {
-  const std::string reason = EngineError();
-  PrintError(reason.empty() ? text : text + ": " + reason);
-}
-
-std::string LookupError(const std::string& name) { return sql::HoldsQuote(name) ? std::string() : EngineError(); }
-
-void PrintNotFound(const std::string& text, const std::string& name) {
-  const std::string reason = LookupError(name);
-  PrintError(reason.empty() ? text : text + ": " + reason);
-}
-
 namespace {
+// The text, then the reason when there is one.
+std::string WithReason(const std::string& text, const std::string& reason) {
+  return reason.empty() ? text : text + ": " + reason;
+}
+
 std::string Listed(const std::vector<std::string>& names, std::size_t most) {
   std::string list;
   for (std::size_t i = 0; i < names.size() && i < most; ++i) list += (i ? ", " : "") + names[i];
@@ -249,6 +242,12 @@ std::string Listed(const std::vector<std::string>& names, std::size_t most) {
   return list;
 }
 }  // namespace
+
+void PrintFailure(const std::string& text) { PrintError(WithReason(text, EngineError())); }
+
+std::string LookupError(const std::string& name) { return sql::HoldsQuote(name) ? std::string() : EngineError(); }
+
+void PrintNotFound(const std::string& text, const std::string& name) { PrintError(WithReason(text, LookupError(name))); }
 
 bool HasCurves(const std::string& wellID, const std::vector<std::string>& wanted,
                const std::vector<std::string>& known) {
@@ -261,9 +260,6 @@ bool HasCurves(const std::string& wellID, const std::vector<std::string>& wanted
   }
   return true;
 }
-
-namespace {
-}  // namespace
 
 bool CheckProjectName(IDataFactory& factory, const std::string& file, const std::string& project) {
   auto projects = Create<IBasicProjectData>(factory, "IBasicProjectData");

@@ -35,7 +35,7 @@ const std::map<std::string, WellSetter, std::less<>>& WellColumns() {
       {"WellID",
        [](WellRecord& w, const std::string& v) {
          w.WellID = v;
-         return !v.empty() && v.find('\'') == std::string::npos;
+         return !v.empty() && !sql::HoldsQuote(v);
        }},
       {"WellName", [](WellRecord& w, const std::string& v) { w.WellName = v; return true; }},
       {"WellType", [](WellRecord& w, const std::string& v) { w.WellType = v; return true; }},
